@@ -1,0 +1,41 @@
+# SPDX-License-Identifier: MIT
+# How every target of the project is compiled.
+
+# Results are the same on every compiler and at every optimisation level only when
+# a*b + c stays two roundings. GCC contracts it to one fused operation by default wherever
+# the target has such an instruction, and ignores the standard pragma.
+add_library(geom_options INTERFACE)
+target_compile_features(geom_options INTERFACE cxx_std_17)
+if(MSVC)
+    target_compile_options(geom_options INTERFACE /fp:precise /W4)
+else()
+    target_compile_options(geom_options INTERFACE -ffp-contract=off)
+    target_compile_options(geom_options INTERFACE
+        -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast)
+    if(GEOM_WERROR)
+        target_compile_options(geom_options INTERFACE -Werror)
+    endif()
+endif()
+if(GEOM_SANITIZE)
+    target_compile_options(geom_options INTERFACE
+        -fsanitize=${GEOM_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
+    target_link_options(geom_options INTERFACE -fsanitize=${GEOM_SANITIZE})
+endif()
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# Include paths and options shared by the libraries: headers are included as
+# <geometry/...> and <Subsystems/Kit/...>, in the tree and after installation alike.
+function(geom_configure_library target)
+    target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:geom_options>)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    target_include_directories(${target} PUBLIC
+        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+endfunction()

@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// \file
+/// Everything of namespace geom.
+
+#include "geometry/Errors.h"
+#include "geometry/Foundation.h"
+#include "geometry/GPCException.h"
+#include "geometry/Gpc.h"
