@@ -4,6 +4,8 @@
 /// \file
 /// Everything of namespace geom.
 
+#include "geometry/CLineClip.h"
+#include "geometry/CPolyClip.h"
 #include "geometry/Errors.h"
 #include "geometry/Foundation.h"
 #include "geometry/GPCException.h"
