@@ -6,7 +6,10 @@
 
 #include "geometry/CLineClip.h"
 #include "geometry/CPolyClip.h"
+#include "geometry/ClipUtil.h"
 #include "geometry/Errors.h"
 #include "geometry/Foundation.h"
 #include "geometry/GPCException.h"
 #include "geometry/Gpc.h"
+#include "geometry/GpcPolygon.h"
+#include "geometry/TriStrip.h"
