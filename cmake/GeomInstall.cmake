@@ -21,5 +21,7 @@ install(FILES "${PROJECT_BINARY_DIR}/geometryConfig.cmake"
               "${PROJECT_BINARY_DIR}/geometryConfigVersion.cmake"
         DESTINATION ${package_dir})
 
+# The prefix is found from where the file stands, so an installed tree may be moved.
+file(RELATIVE_PATH prefix_from_pc "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
 configure_file("${CMAKE_CURRENT_LIST_DIR}/geometry.pc.in" "${PROJECT_BINARY_DIR}/geometry.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/geometry.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

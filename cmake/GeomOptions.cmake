@@ -38,4 +38,22 @@ function(geom_configure_library target)
     target_include_directories(${target} PUBLIC
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
         $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL "SHARED_LIBRARY")
+        geom_configure_linking(${target})
+    endif()
+endfunction()
+
+# A library shows its public names only, misses none that it uses, and finds the others of the
+# project beside itself wherever they are installed. Sanitizers bring names of their own.
+function(geom_configure_linking target)
+    set_target_properties(${target} PROPERTIES
+        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+        INSTALL_RPATH "$ORIGIN")
+    if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND NOT GEOM_SANITIZE)
+        set(map "${PROJECT_SOURCE_DIR}/cmake/exports.map")
+        target_link_options(${target} PRIVATE
+            "LINKER:--no-undefined" "LINKER:--version-script=${map}")
+        set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${map}")
+    endif()
 endfunction()

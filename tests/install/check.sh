@@ -1,0 +1,112 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+#
+# check.sh CHECK [ARGUMENT...]: one check of the installed package. CTest sets the variables.
+set -euo pipefail
+shopt -s nullglob
+
+prefix=$WORK_DIR/prefix
+include=$prefix/include
+libraries=("$prefix/$LIB_DIR/libkit.so" "$prefix/$LIB_DIR/libgeometry.so")
+
+fail() {
+    printf '%s\n' "$*" >&2
+    exit 1
+}
+
+install() {
+    rm -rf "$WORK_DIR"
+    "$CMAKE" --install "$BUILD_DIR" --prefix "$prefix"
+}
+
+# The headers that stand in the tree's public folders, except the foundation's one private one.
+public_headers() {
+    cd "$SOURCE_DIR"
+    printf '%s\n' geometry/*.h Subsystems/Kit/*.h | grep -vx 'Subsystems/Kit/Formatting.h' | sort
+}
+
+installed_headers() {
+    cd "$include"
+    find . -type f | sed 's#^\./##' | sort
+}
+
+holds_public_headers() {
+    diff <(public_headers) <(installed_headers)
+}
+
+# includes_all UMBRELLA FOLDER: every installed header of the folder is named in its umbrella.
+# Export.h holds the mark of exported names only, which every other header brings along.
+includes_all() {
+    local header
+    for header in "$include/$2"/*.h; do
+        header=$2/${header##*/}
+        [[ $header == "$1" || $header == */Export.h ]] ||
+            grep -qF "#include \"$header\"" "$include/$1" || fail "$1 lacks $header"
+    done
+}
+
+umbrella_headers_are_complete() {
+    includes_all geometry/geom.h geometry
+    includes_all Subsystems/Kit/Kit.h Subsystems/Kit
+}
+
+needs_no_tessellator_headers() {
+    ! grep -rnE '<GL/|OpenGL|GLU' "$include" "$prefix/$LIB_DIR/cmake" "$prefix/$LIB_DIR/pkgconfig"
+}
+
+libraries_carry_names() {
+    local library name
+    for library in "${libraries[@]}"; do
+        name=$(basename "$library")
+        "$READELF" -d "$library" | grep -qE "SONAME.*\[$name\.[0-9]+\]" || fail "$name: no SONAME"
+        "$READELF" -d "$library" | grep -qE 'R(UN)?PATH.*\[\$ORIGIN\]' || fail "$name: no RUNPATH"
+    done
+}
+
+# What may be seen is what stands directly in the two public namespaces or in their classes, and
+# the type information of what a host may catch. A namespace inside them is private; the one
+# exception is what the small-buffer vector's inline bodies call.
+libraries_export_public_names() {
+    local type_information='^(typeinfo|typeinfo name|vtable) for (kit|geom|boost)::'
+    local called_inline='^kit::detail::ThrowEmptyPodVector\(\)$'
+    local library names
+    for library in "${libraries[@]}"; do
+        names=$("$NM" -D --defined-only --demangle "$library" | cut -d' ' -f3- |
+            grep -vE "$type_information|$called_inline")
+        if grep -vE '^(kit|geom)::' <<<"$names" || grep -E '^\w+::[a-z]\w*::' <<<"$names"; then
+            fail "$library exports the names above"
+        fi
+    done
+}
+
+each_header_compiles() {
+    local compiler=$1
+    installed_headers | grep '\.h$' |
+        xargs -P "$(nproc)" -I{} "$compiler" -std=c++17 -fsyntax-only -x c++ \
+            -Wall -Wextra -Wpedantic -Werror -I"$include" -include {} /dev/null
+}
+
+expect_host_output() {
+    LD_LIBRARY_PATH=$prefix/$LIB_DIR "$1" | diff "$SOURCE_DIR/tests/install/host/expected.txt" -
+}
+
+host_builds_with_cmake() {
+    local build=$WORK_DIR/cmake-host
+    "$CMAKE" -S "$SOURCE_DIR/tests/install/host" -B "$build" -DCMAKE_CXX_COMPILER="$CXX" \
+        -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_DISABLE_FIND_PACKAGE_OpenGL=ON
+    "$CMAKE" --build "$build"
+    expect_host_output "$build/host"
+}
+
+host_builds_with_pkg_config() {
+    export PKG_CONFIG_PATH=$prefix/$LIB_DIR/pkgconfig
+    local -a cflags libs
+    read -ra cflags <<<"$("$PKG_CONFIG" --cflags geometry)"
+    read -ra libs <<<"$("$PKG_CONFIG" --libs geometry)"
+    mkdir -p "$WORK_DIR/pkg-config-host"
+    "$CXX" -std=c++17 "${cflags[@]}" "$SOURCE_DIR/tests/install/host/main.cpp" \
+        -o "$WORK_DIR/pkg-config-host/host" "${libs[@]}"
+    expect_host_output "$WORK_DIR/pkg-config-host/host"
+}
+
+"$@"
