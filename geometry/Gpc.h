@@ -63,18 +63,23 @@ static_assert(sizeof(gpc_vertex) == 2 * sizeof(double), "vertices are pairs of d
 /// The record's previous content is overwritten, not released. Whether a file holds hole flags
 /// is not recorded in it: reader and writer must use the same setting. Without flags every
 /// contour is external. A line that ends after x leaves that vertex's y at 0. A point is the
-/// decimal separator in every locale.
+/// decimal separator in every locale; otherwise numbers are those of fscanf, and the stream is
+/// left where fscanf leaves it. A count or flag beyond 32 bits is taken as the nearest one
+/// within them.
 ///
-/// \return false when an argument is null or the input ends early or is no number. The record
-/// then holds what was read; entries not read are zero, so it can be released with
-/// gpc_free_polygon. Throws when an allocation fails, which a negative count always does; the
-/// record can be released then, too.
+/// \return false when an argument is null, which leaves the record alone, or the input ends
+/// early or is no number. The record then holds what was read; entries not read are zero, so it
+/// can be released with gpc_free_polygon. Its counts are those of the file, but never more than
+/// the entries that exist: arrays grow with what is really read, from 65,536 entries at most.
+/// Throws when an allocation fails, which a negative count always does; the record can be
+/// released then, too.
 GEOM_API bool gpc_read_polygon(std::FILE* stream, int read_hole_flags, gpc_polygon* polygon);
 
 /// Writes a polygon as text, with 15 digits after the decimal point; a coordinate that is not
 /// negative has a blank in the place of the sign.
 ///
-/// \return false when an argument is null or a write fails; the file is then truncated.
+/// \return false when an argument is null, the record has a count without its array, or a write
+/// fails; the file is then truncated. Of a buffered stream, only what is flushed can fail.
 GEOM_API bool gpc_write_polygon(std::FILE* stream, int write_hole_flags,
                                 const gpc_polygon* polygon);
 
@@ -85,12 +90,15 @@ GEOM_API bool gpc_read_polygon_binary(std::FILE* stream, int read_hole_flags, gp
 
 /// Writes a polygon in the form that gpc_read_polygon_binary reads.
 ///
-/// \return false when an argument is null or a write fails; the file is then truncated.
+/// \return false when an argument is null, the record has a count without its array, or a write
+/// fails; the file is then truncated. Of a buffered stream, only what is flushed can fail.
 GEOM_API bool gpc_write_polygon_binary(std::FILE* stream, int write_hole_flags,
                                        const gpc_polygon* polygon);
 
 /// Appends a deep copy of a contour with the given hole flag. The caller keeps `contour`.
-/// When an allocation fails (a negative vertex count always does) the polygon is unchanged.
+/// It may be one of the polygon's own. When an allocation fails (a negative count always does)
+/// the polygon is unchanged. A null argument, or a count without its array, is an internal error
+/// of module "Geometry" and file "Gpc".
 GEOM_API void gpc_add_contour(gpc_polygon* polygon, const gpc_vertex_list* contour, int hole);
 
 /// Computes a set operation on two polygons.
@@ -124,10 +132,12 @@ GEOM_API void gpc_tristrip_clip(gpc_op operation, const gpc_polygon* subject,
 /// Decomposes a polygon's own area (even-odd over its contours) into triangle strips.
 GEOM_API void gpc_polygon_to_tristrip(const gpc_polygon* polygon, gpc_tristrip* result);
 
-/// Releases a polygon's arrays and leaves the empty record. Safe on the empty record.
+/// Releases a polygon's arrays and leaves the empty record. Safe on the empty record and on
+/// null; negative counts are taken as 0.
 GEOM_API void gpc_free_polygon(gpc_polygon* polygon);
 
-/// Releases the strips and leaves the empty record. Safe on the empty record.
+/// Releases the strips and leaves the empty record. Safe on the empty record and on null;
+/// negative counts are taken as 0.
 GEOM_API void gpc_free_tristrip(gpc_tristrip* strips);
 
 } // namespace geom
