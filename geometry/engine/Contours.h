@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// \file
+/// The result of a sweep as contours.
+
+#include "geometry/engine/Classification.h"
+#include "geometry/engine/Memory.h"
+#include "geometry/engine/Records.h"
+
+namespace geom::detail {
+
+/// Vertex chains that grow at both ends and join, until they close into contours.
+///
+/// Every chain is begun at a local minimum of the result. Where two chains meet at a local
+/// maximum one takes over the other's vertices, and its number goes on standing for both: the
+/// chains form a forest of parents (Tarjan, "Efficiency of a good but not linear set union
+/// algorithm", Journal of the ACM 22 (1975)), so that edges which still name the other find it
+/// without every chain being renamed.
+class ChainForest {
+public:
+    ChainForest() : m_chains("polygon node creation"), m_vertices("vertex node creation") {}
+
+    /// Begins a chain of one vertex.
+    OutputIndex Begin(const gpc_vertex& point);
+    /// Adds a vertex at the left end. Throws GPCException for NO_OUTPUT, as do all that follow.
+    void AddLeft(OutputIndex chain, const gpc_vertex& point);
+    /// Adds a vertex at the right end.
+    void AddRight(OutputIndex chain, const gpc_vertex& point);
+    /// Closes a hole: `into` takes over the vertices of `from` in front of its own.
+    void MergeLeft(OutputIndex from, OutputIndex into);
+    /// Closes an external contour: `into` takes over the vertices of `from` behind its own.
+    void MergeRight(OutputIndex from, OutputIndex into);
+
+    /// Makes a record of all contours of three or more vertices, the newest first. The record
+    /// owns its arrays.
+    gpc_polygon TakeResult() const;
+
+private:
+    using VertexIndex = std::uint32_t;
+
+    struct Vertex {
+        gpc_vertex point;
+        VertexIndex next;
+    };
+
+    struct Chain {
+        VertexIndex left, right; ///< the ends; walked from left to right
+        std::uint32_t count;     ///< of vertices
+        OutputIndex parent;      ///< itself for a chain that was not taken over
+        bool hole;
+    };
+
+    OutputIndex FindRoot(OutputIndex chain);
+    bool IsContour(OutputIndex chain) const;
+    void CopyVertices(const Chain& chain, gpc_vertex_list& contour) const;
+
+    Block<Chain> m_chains;
+    Block<Vertex> m_vertices;
+};
+
+/// What each class of event does when contours are wanted.
+class ContourOutput {
+public:
+    void BeginRow();
+    void AtBoundary(VertexClass vertexClass, Edge& edge, double yb);
+    void AtCrossing(VertexClass vertexClass, Edge& left, Edge& right, const gpc_vertex& point);
+    gpc_polygon TakeResult() const { return m_chains.TakeResult(); }
+
+private:
+    void AddCarriedLeft(const gpc_vertex& point);
+    void AddCarriedRight(const gpc_vertex& point);
+    void BeginAt(Edge& edge, const gpc_vertex& point);
+
+    ChainForest m_chains;
+    OutputIndex m_carried = NO_OUTPUT; ///< the chain carried along a horizontal boundary
+    double m_previousX = 0.0;          ///< of the last output in this row
+};
+
+} // namespace geom::detail
