@@ -8,6 +8,7 @@
 #include "geometry/CPolyClip.h"
 #include "geometry/Circle.h"
 #include "geometry/ClipUtil.h"
+#include "geometry/Curves.h"
 #include "geometry/Errors.h"
 #include "geometry/Foundation.h"
 #include "geometry/GPCException.h"
@@ -18,3 +19,4 @@
 #include "geometry/LineSegment2.h"
 #include "geometry/Polyline.h"
 #include "geometry/TriStrip.h"
+#include "geometry/SpatialSearchGrid2D.h"
