@@ -18,5 +18,5 @@
 #include "geometry/Line2.h"
 #include "geometry/LineSegment2.h"
 #include "geometry/Polyline.h"
-#include "geometry/TriStrip.h"
 #include "geometry/SpatialSearchGrid2D.h"
+#include "geometry/TriStrip.h"
