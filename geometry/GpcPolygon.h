@@ -121,8 +121,7 @@ public:
     /// polygon is unchanged.
     void AddContours(const GpcPolygon& other);
     /// Appends external contours; contour i takes the next counts[i] points, less a closing
-    /// duplicate. The points may be in this polygon. When an allocation fails the polygon is
-    /// unchanged.
+    /// duplicate. When an allocation fails the polygon is unchanged.
     void AddContours(const Vec2d* pts, const unsigned int* counts, std::size_t numContours);
 
     /// Intersects the polygon with its own box, which removes edges that run once in each
@@ -143,14 +142,14 @@ public:
     /// Writes the polygon to the file's stream in the engine's text format, with hole flags.
     /// A failed write is reported as the foundation's write error with the file's name. The
     /// file is neither flushed nor closed.
-    void DumpToTextFile(CBufferedFile& file);
+    void DumpToTextFile(CBufferedFile& file) const;
     /// Replaces the polygon by one that is read from the stream's position in the engine's text
     /// format, with hole flags. Input that ends early or is no number is reported as the
     /// foundation's read error with the file's name; the polygon then holds what was read, with
     /// the empty box, and is good for nothing but to be released, assigned or loaded again.
     void LoadFromTextFile(CBufferedFile& file);
     /// As DumpToTextFile, in the engine's binary format.
-    void DumpToBinaryFile(CBufferedFile& file);
+    void DumpToBinaryFile(CBufferedFile& file) const;
     /// As LoadFromTextFile, in the engine's binary format.
     void LoadFromBinaryFile(CBufferedFile& file);
 
@@ -171,7 +170,12 @@ private:
     void GetQuantizedToFloat(GpcPolygon& out) const;
     void MoveTo(GpcPolygon& target);
     void Combine(const GpcPolygon& other, SetOperation operation);
+    static gpc_op EngineOperation(SetOperation operation);
+    static void ClipOrRetry(gpc_op operation, const GpcPolygon& subject, const GpcPolygon& clip,
+                            GpcPolygon& result);
+    void ToTriStripOrRetry(gpc_tristrip& strips) const;
     void CalcBBox();
+    void ExtendBBox(const gpc_vertex_list& ring);
     void FreeAll();
 
     Box2d bbox;
