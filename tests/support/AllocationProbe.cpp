@@ -22,6 +22,7 @@ struct State {
     bool active = false;
     std::size_t count = 0;
     std::size_t failAt = AllocationProbe::NEVER;
+    std::ptrdiff_t balance = 0;
 };
 
 thread_local State state;
@@ -29,7 +30,7 @@ thread_local State state;
 } // namespace
 
 AllocationProbe::AllocationProbe(std::size_t failAt) {
-    state = {true, 0, failAt};
+    state = {true, 0, failAt, 0};
 }
 
 AllocationProbe::~AllocationProbe() {
@@ -38,6 +39,10 @@ AllocationProbe::~AllocationProbe() {
 
 std::size_t AllocationProbe::Count() const {
     return state.count;
+}
+
+std::ptrdiff_t AllocationProbe::Balance() const {
+    return state.balance;
 }
 
 bool AllocationProbe::Failed() const {
@@ -68,6 +73,19 @@ bool MustFail() {
     return true;
 }
 
+void* Taken(void* block) {
+    if (state.active && block != nullptr) {
+        ++state.balance;
+    }
+    return block;
+}
+
+void GivenBack(const void* block) {
+    if (state.active && block != nullptr) {
+        --state.balance;
+    }
+}
+
 } // namespace
 
 } // namespace geom::test
@@ -77,17 +95,35 @@ extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* block, std::size_t size);
+void __libc_free(void* block);
 
 void* malloc(std::size_t size) {
-    return geom::test::MustFail() ? nullptr : __libc_malloc(size);
+    using namespace geom::test;
+    return MustFail() ? nullptr : Taken(__libc_malloc(size));
 }
 
 void* calloc(std::size_t count, std::size_t size) {
-    return geom::test::MustFail() ? nullptr : __libc_calloc(count, size);
+    using namespace geom::test;
+    return MustFail() ? nullptr : Taken(__libc_calloc(count, size));
 }
 
 void* realloc(void* block, std::size_t size) {
-    return geom::test::MustFail() ? nullptr : __libc_realloc(block, size);
+    using namespace geom::test;
+    if (MustFail()) {
+        return nullptr;
+    }
+    if (block == nullptr) {
+        return Taken(__libc_realloc(nullptr, size));
+    }
+    if (size == 0) {
+        GivenBack(block);
+    }
+    return __libc_realloc(block, size);
+}
+
+void free(void* block) {
+    geom::test::GivenBack(block);
+    __libc_free(block);
 }
 }
 

@@ -6,8 +6,8 @@
 
 namespace geom::test {
 
-/// Counts this thread's heap requests (malloc, calloc, realloc, operator new) while it lives,
-/// and makes one of them fail. Probes do not nest.
+/// Counts this thread's heap requests (malloc, calloc, realloc, operator new) and releases while
+/// it lives, and makes one of the requests fail. Probes do not nest.
 ///
 /// A program that uses it has its heap functions replaced. Sanitizers that own the heap leave
 /// no room for that: then Works() is false, nothing is counted and nothing fails, and a test
@@ -25,6 +25,9 @@ public:
     static bool Works();
     /// The requests made so far.
     std::size_t Count() const;
+    /// The blocks that this thread has taken so far less those that it has given back: 0 when
+    /// nothing has leaked in a stretch of work that keeps nothing.
+    std::ptrdiff_t Balance() const;
     /// Whether the chosen request has been made, and failed.
     bool Failed() const;
 };
