@@ -9,6 +9,7 @@
 #include "geometry/Circle.h"
 #include "geometry/ClipUtil.h"
 #include "geometry/Curves.h"
+#include "geometry/DashLineGenerator.h"
 #include "geometry/Errors.h"
 #include "geometry/Foundation.h"
 #include "geometry/GPCException.h"
