@@ -19,5 +19,7 @@
 #include "geometry/Line2.h"
 #include "geometry/LineSegment2.h"
 #include "geometry/Polyline.h"
+#include "geometry/Thinning.h"
+#include "geometry/Triangle.h"
 #include "geometry/SpatialSearchGrid2D.h"
 #include "geometry/TriStrip.h"
