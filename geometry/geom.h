@@ -18,6 +18,8 @@
 #include "geometry/GpcPolygon.h"
 #include "geometry/Line2.h"
 #include "geometry/LineSegment2.h"
+#include "geometry/Polygon2.h"
+#include "geometry/PolygonMeasures.h"
 #include "geometry/Polyline.h"
 #include "geometry/Thinning.h"
 #include "geometry/Triangle.h"
