@@ -207,20 +207,22 @@ TEST(CPolyClip, CopiesWorkOnTheirOwn) {
     EXPECT_EQ(Clip(assigned, ring), expected);
 }
 
+// The output is full in each case: the first point appended moves it.
 TEST(CPolyClip, RingMayBePartOfItsOutput) {
-    Output out;
-    const int n = 32; // the output is full: the first point appended moves it
-    for (int i = 0; i < n; ++i) {
-        const double angle = 2 * 3.14159265358979 * i / n;
-        out.Append({5 + 7 * std::cos(angle), 5 + 7 * std::sin(angle)});
+    for (const int n : {32, 64, 1 << 16}) {
+        Output out;
+        for (int i = 0; i < n; ++i) {
+            const double angle = 2 * 3.14159265358979 * i / n;
+            out.Append({5 + 7 * std::cos(angle), 5 + 7 * std::sin(angle)});
+        }
+        const Points ring(out.begin(), out.end());
+        const Points expected = Clip(TEN, ring);
+        CPolyClip clip(TEN);
+        const std::size_t appended = clip.Clip(out.Data(), out.Count(), out);
+        EXPECT_EQ(appended, expected.size());
+        EXPECT_EQ(Points(out.begin(), out.begin() + n), ring);
+        EXPECT_EQ(Points(out.begin() + n, out.end()), expected);
     }
-    const Points ring(out.begin(), out.end());
-    const Points expected = Clip(TEN, ring);
-    CPolyClip clip(TEN);
-    const std::size_t appended = clip.Clip(out.Data(), out.Count(), out);
-    EXPECT_EQ(appended, expected.size());
-    EXPECT_EQ(Points(out.begin(), out.begin() + n), ring);
-    EXPECT_EQ(Points(out.begin() + n, out.end()), expected);
 }
 
 TEST(CPolyClip, NullRingIsAnInternalError) {
