@@ -17,6 +17,7 @@
 #include "geometry/Gpc.h"
 #include "geometry/GpcPolygon.h"
 #include "geometry/Line2.h"
+#include "geometry/LineClipPolygon.h"
 #include "geometry/LineSegment2.h"
 #include "geometry/Polygon2.h"
 #include "geometry/PolygonMeasures.h"
