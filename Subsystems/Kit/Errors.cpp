@@ -57,10 +57,16 @@ void ThrowKitError(const GString& module, const GString& file, int line, const w
     throw Exception(module, file, line, message.c_str(), false);
 }
 
+// Called while another exception is being handled, which a failed allocation of this one must not
+// replace.
 void LogExceptionInfo(const GString& module, const GString& file, int line, const IError* error) {
     const char* kind = error != nullptr ? typeid(*error).name() : "none";
-    std::fprintf(stderr, "%s: exception in %s, line %d (error object: %s)\n",
-                 module.Narrow().c_str(), file.Narrow().c_str(), line, kind);
+    try {
+        std::fprintf(stderr, "%s: exception in %s, line %d (error object: %s)\n",
+                     module.Narrow().c_str(), file.Narrow().c_str(), line, kind);
+    } catch (...) {
+        std::fprintf(stderr, "exception in line %d (error object: %s)\n", line, kind);
+    }
 }
 
 } // namespace kit
