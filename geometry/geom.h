@@ -24,5 +24,6 @@
 #include "geometry/Polyline.h"
 #include "geometry/Thinning.h"
 #include "geometry/Triangle.h"
+#include "geometry/RemoveSelfIntersections.h"
 #include "geometry/SpatialSearchGrid2D.h"
 #include "geometry/TriStrip.h"

@@ -45,6 +45,22 @@ inline bool PlainPointInRing(const tagPOINT& p, const std::vector<tagPOINT>& rin
     return inside;
 }
 
+// The number of times a ring runs around a point counter-clockwise, less the times clockwise.
+inline int PlainWindingNumber(const Vec2d& p, const Vec2d* ring, std::size_t n) {
+    int winding = 0;
+    for (std::size_t i = 0; i < n; ++i) {
+        const Vec2d& a = ring[i == 0 ? n - 1 : i - 1];
+        const Vec2d& b = ring[i];
+        const double side = (b.x - a.x) * (p.y - a.y) - (p.x - a.x) * (b.y - a.y);
+        if (a.y <= p.y && p.y < b.y && side > 0) {
+            ++winding;
+        } else if (b.y <= p.y && p.y < a.y && side < 0) {
+            --winding;
+        }
+    }
+    return winding;
+}
+
 inline double PlainRingArea(const std::vector<Vec2d>& ring) {
     if (ring.size() < 3) {
         return 0.0;
