@@ -9,6 +9,8 @@
 #include "geometry/Errors.h"
 #include "geometry/detail/PointsInside.h"
 
+#include <utility>
+
 namespace geom {
 
 namespace {
@@ -63,7 +65,7 @@ private:
 // One run at a time, handed out when it is complete.
 class RunsToSink {
 public:
-    explicit RunsToSink(const CLineClip::Sink& sink) : m_sink(sink) {}
+    explicit RunsToSink(CLineClip::Sink sink) : m_sink(std::move(sink)) {}
 
     bool IsEmpty() const { return m_run.Count() == 0; }
     const Vec2d& Last() const { return m_run[m_run.Count() - 1]; }
@@ -74,7 +76,7 @@ public:
     }
 
 private:
-    const CLineClip::Sink& m_sink;
+    CLineClip::Sink m_sink;
     CPodVector<Vec2d, 32> m_run;
 };
 
@@ -102,7 +104,7 @@ void ClipSegments(const CLineClip& clip, const Vec2d* pts, std::size_t n, Runs& 
 
 } // namespace
 
-CLineClip::CLineClip() : m_enabled(false), m_rect() {}
+CLineClip::CLineClip() : m_enabled(false) {}
 
 CLineClip::CLineClip(const Box2d& rect) : m_enabled(rect.HasArea()), m_rect(rect) {}
 
@@ -237,7 +239,7 @@ void CLineClip::ClipPolyline(const Vec2d* pts, std::size_t n, Sink sink) const {
         }
         return;
     }
-    RunsToSink runs(sink);
+    RunsToSink runs(std::move(sink));
     ClipSegments(*this, pts, n, runs);
 }
 

@@ -8,11 +8,11 @@
 
 #include <algorithm>
 #include <charconv>
+#include <clocale>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
-#include <locale.h>
 #include <optional>
 
 namespace geom::detail {
