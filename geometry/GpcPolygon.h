@@ -135,8 +135,9 @@ public:
     /// instead.
     bool Decompose(bool (*callback)(const Vec2d* pts, unsigned int n, void* user),
                    void* user) const;
-    /// Decomposes the polygon and appends the outline of each strip as a clockwise ring, closed
-    /// by its first point (see TriStripToCWPolygon). Returns true. Unchanged when it throws.
+    /// Decomposes the polygon and appends the outline of each strip as a ring: the order of
+    /// TriStripToCWPolygon, closed by the first point again. Returns true. Unchanged when it
+    /// throws.
     bool Decompose(std::vector<std::vector<Vec2d>>& out) const;
 
     /// Writes the polygon to the file's stream in the engine's text format, with hole flags.
