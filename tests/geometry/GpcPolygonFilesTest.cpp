@@ -136,7 +136,8 @@ TEST_P(GpcPolygonFiles, PolygonsFollowOneAnotherInAStream) {
 }
 
 TEST_P(GpcPolygonFiles, FileThatEndsEarlyIsAReadErrorAtEveryLength) {
-    Dump(PolygonOf(WITH_HOLE));
+    const char* small = "hole 0 0, 9 0 | - | -5.25 3";
+    Dump(PolygonOf(small));
     const std::string whole = Content();
     int failures = 0;
     for (std::size_t length = 0; length < whole.size(); ++length) {
@@ -146,7 +147,7 @@ TEST_P(GpcPolygonFiles, FileThatEndsEarlyIsAReadErrorAtEveryLength) {
             Load(polygon);
             // Digits cut off the last number, or its y as a whole, are not missed in a text.
             EXPECT_STREQ(GetParam().name, "Text");
-            EXPECT_EQ(polygon.GetNumContours(), 4u);
+            EXPECT_EQ(polygon.GetNumContours(), 3u);
         } catch (const Exception& e) {
             ++failures;
             EXPECT_EQ(e.Line(), GetParam().readLine);
@@ -154,7 +155,7 @@ TEST_P(GpcPolygonFiles, FileThatEndsEarlyIsAReadErrorAtEveryLength) {
         }
         SetContent(whole);
         Load(polygon);
-        EXPECT_EQ(Text(polygon), WITH_HOLE) << "loaded again after " << length << " bytes";
+        EXPECT_EQ(Text(polygon), small) << "loaded again after " << length << " bytes";
     }
     EXPECT_GT(failures, 50);
 }

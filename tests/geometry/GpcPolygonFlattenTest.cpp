@@ -25,7 +25,7 @@ template <typename Point>
 class GpcPolygonFlatten : public testing::Test {};
 
 using PointTypes = testing::Types<Vec2d, tagPOINT>;
-TYPED_TEST_SUITE(GpcPolygonFlatten, PointTypes);
+TYPED_TEST_SUITE(GpcPolygonFlatten, PointTypes, );
 
 TYPED_TEST(GpcPolygonFlatten, PolyPolygonWritesContoursOneAfterAnother) {
     const GpcPolygon polygon = PolygonOf("0 0, 9 0, 0 9 | hole 1 1, 2 1, 2 2, 1 2");

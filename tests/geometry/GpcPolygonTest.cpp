@@ -57,7 +57,7 @@ template <typename Point>
 class GpcPolygonFromPoints : public testing::Test {};
 
 using PointTypes = testing::Types<Vec2d, tagPOINT>;
-TYPED_TEST_SUITE(GpcPolygonFromPoints, PointTypes);
+TYPED_TEST_SUITE(GpcPolygonFromPoints, PointTypes, );
 
 TYPED_TEST(GpcPolygonFromPoints, RingBecomesExternalContour) {
     const TypeParam pts[] = {{1, 2}, {5, 2}, {3, 7}};

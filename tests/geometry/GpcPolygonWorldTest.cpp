@@ -88,13 +88,14 @@ TEST(GpcPolygonWorld, PointsInsideFollowParity) {
     std::uniform_real_distribution<double> longitude(-180, 180);
     std::uniform_real_distribution<double> latitude(-60, 75);
     int onLand = 0;
-    for (int i = 0; i < 200; ++i) {
+    for (int i = 0; i < 50; ++i) {
         const Vec2d p(longitude(random), latitude(random));
         const bool expected = IsInside(Countries(), p);
         EXPECT_EQ(Countries().PointInside(p), expected) << test::Text(p);
         onLand += expected;
     }
-    EXPECT_GT(onLand, 40);
+    EXPECT_GT(onLand, 5);
+    EXPECT_LT(onLand, 45);
 }
 
 TEST(GpcPolygonWorld, StripsCoverTheArea) {
