@@ -81,7 +81,7 @@ void DashLineGenerator::Decompose(const Vec2d* points, std::size_t n,
 
 void DashLineGenerator::Decompose(const Vec2d* points, std::size_t n, PieceCallback callback,
                                   void* context) {
-    if (n < 2 || dashes.empty()) {
+    if (points == nullptr || n < 2 || dashes.empty()) {
         InitState();
         return;
     }

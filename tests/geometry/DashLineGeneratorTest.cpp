@@ -196,6 +196,15 @@ TEST(DashLineGenerator, SinglePointOrNoneResets) {
     generator.ExpectState(NOWHERE, 0, true, 2.0);
 }
 
+TEST(DashLineGenerator, NullArrayCountsAsNoPoints) {
+    OpenGenerator generator = Open({2, 3});
+    Dash(generator, {{0, 0}, {4, 0}});
+    Pieces pieces;
+    generator.Decompose(nullptr, 5, pieces);
+    EXPECT_TRUE(pieces.empty());
+    generator.ExpectState(NOWHERE, 0, true, 2.0);
+}
+
 TEST(DashLineGenerator, EmptyPolylineLeavesThePhase) {
     OpenGenerator generator = Open({2, 3});
     Dash(generator, {{0, 0}, {4, 0}});
