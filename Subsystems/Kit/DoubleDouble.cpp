@@ -48,6 +48,10 @@ doubledouble operator*(int a, const doubledouble& b) {
     return doubledouble(static_cast<double>(a)) * b;
 }
 
+doubledouble operator*(double a, const doubledouble& b) {
+    return doubledouble(a) * b;
+}
+
 // Long division: three quotient digits, each a double.
 doubledouble operator/(const doubledouble& a, const doubledouble& b) {
     const double first = a.high / b.high;
@@ -55,6 +59,9 @@ doubledouble operator/(const doubledouble& a, const doubledouble& b) {
         return first;
     }
     doubledouble remainder = a - b * doubledouble(first);
+    if (!std::isfinite(remainder.high)) {
+        return first; // the product rounded up beyond the largest double
+    }
     const double second = remainder.high / b.high;
     remainder = remainder - b * doubledouble(second);
     const double third = remainder.high / b.high;

@@ -27,6 +27,8 @@ KIT_API doubledouble operator-(const doubledouble& a, const doubledouble& b);
 KIT_API doubledouble operator*(const doubledouble& a, const doubledouble& b);
 KIT_API doubledouble operator/(const doubledouble& a, const doubledouble& b);
 KIT_API doubledouble operator*(int a, const doubledouble& b);
+/// Keeps a factor that is no whole number from being cut down to an int.
+KIT_API doubledouble operator*(double a, const doubledouble& b);
 
 /// Comparisons of the full values.
 KIT_API bool operator>(const doubledouble& a, const doubledouble& b);
