@@ -14,6 +14,6 @@ function(geom_add_test name)
     target_link_libraries(${name} PRIVATE geom_options geom_test_support
                                           GTest::gmock GTest::gtest_main
                                           ${arg_LIBRARIES})
-    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+    gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
                          PROPERTIES TIMEOUT 600)
 endfunction()

@@ -7,14 +7,20 @@ namespace kit {
 
 namespace {
 
+// The error part of an infinite result would be not a number and spoil it, so each of the three
+// transformations leaves it out.
+
 // a + b exactly, for any a and b (Knuth).
 doubledouble TwoSum(double a, double b) {
     const double sum = a + b;
+    if (!std::isfinite(sum)) {
+        return sum;
+    }
     const double shared = sum - a;
     return {sum, (a - (sum - shared)) + (b - shared)};
 }
 
-// a + b exactly, for |a| >= |b| (Dekker). A sum that is not finite carries no error part.
+// a + b exactly, for |a| >= |b| (Dekker).
 doubledouble FastTwoSum(double a, double b) {
     const double sum = a + b;
     return {sum, std::isfinite(sum) ? b - (sum - a) : 0.0};
@@ -23,7 +29,7 @@ doubledouble FastTwoSum(double a, double b) {
 // a * b exactly: a fused multiply-add rounds once, so it leaves just the product's error.
 doubledouble TwoProduct(double a, double b) {
     const double product = a * b;
-    return {product, std::fma(a, b, -product)};
+    return {product, std::isfinite(product) ? std::fma(a, b, -product) : 0.0};
 }
 
 } // namespace
@@ -41,6 +47,9 @@ doubledouble operator-(const doubledouble& a, const doubledouble& b) {
 
 doubledouble operator*(const doubledouble& a, const doubledouble& b) {
     const doubledouble product = TwoProduct(a.high, b.high);
+    if (!std::isfinite(product.high)) {
+        return product;
+    }
     return FastTwoSum(product.high, product.low + (a.high * b.low + a.low * b.high));
 }
 
@@ -55,7 +64,7 @@ doubledouble operator*(double a, const doubledouble& b) {
 // Long division: three quotient digits, each a double.
 doubledouble operator/(const doubledouble& a, const doubledouble& b) {
     const double first = a.high / b.high;
-    if (!std::isfinite(first)) {
+    if (!std::isfinite(first) || std::isinf(b.high)) {
         return first;
     }
     doubledouble remainder = a - b * doubledouble(first);

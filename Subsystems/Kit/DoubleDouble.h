@@ -10,7 +10,8 @@ namespace kit {
 /// The low part is at most half a unit in the last place of the high part; every operation
 /// keeps it so. The operations are the error-free transformations of Dekker (1971) and Knuth
 /// (1969) combined as in Hida, Li and Bailey, "Library for double-double and quad-double
-/// arithmetic" (2007). Values near the largest or the smallest double lose the low part.
+/// arithmetic" (2007). Values near the largest or the smallest double lose the low part; results
+/// beyond the range of doubles are infinite.
 struct doubledouble {
     double high, low;
 

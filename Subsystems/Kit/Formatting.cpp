@@ -44,6 +44,21 @@ std::size_t TakeNumber(const wchar_t*& p, Arguments& arguments, bool& negative) 
     return value;
 }
 
+// The modifiers I64, I32 and I come back as the standard ones of the same size.
+std::wstring TakeLength(const wchar_t*& p) {
+    if (*p == L'I') {
+        const bool is64 = p[1] == L'6' && p[2] == L'4';
+        const bool is32 = p[1] == L'3' && p[2] == L'2';
+        p += is64 || is32 ? 3 : 1;
+        return is64 ? L"ll" : is32 ? L"" : L"z";
+    }
+    std::wstring length;
+    while (*p != L'\0' && std::wcschr(L"hlLjzt", *p) != nullptr) {
+        length += *p++;
+    }
+    return length;
+}
+
 // p stands behind the percent sign and ends behind the conversion character.
 Directive TakeDirective(const wchar_t*& p, Arguments& arguments) {
     Directive d;
@@ -68,9 +83,7 @@ Directive TakeDirective(const wchar_t*& p, Arguments& arguments) {
             d.flags += L'.' + std::to_wstring(value);
         }
     }
-    while (*p != L'\0' && std::wcschr(L"hlLjztI", *p) != nullptr) {
-        d.length += *p++;
-    }
+    d.length = TakeLength(p);
     if (*p != L'\0') {
         d.conversion = *p++;
     }

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Subsystems/Kit/Mat4d.h"
 
+#include "Subsystems/Kit/DoubleDouble.h"
+
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <utility>
 
 namespace kit {
 
@@ -53,54 +57,116 @@ Mat4d Mat4d::Transpose() const {
 
 namespace {
 
-std::size_t PivotRow(const Mat4d& a, std::size_t column) {
+// A pivot of a balanced matrix below this is what rounding leaves of zero: the elimination
+// carries about 106 bits and loses a few of them.
+constexpr double VANISHING_PIVOT = 0x1p-96;
+
+// The powers of two that bring the largest value of every row and column near 1, so that a
+// small pivot means a singular matrix and not a small scale.
+struct Balance {
+    std::array<int, 4> row{};
+    std::array<int, 4> column{};
+};
+
+// The matrix beside the identity, on its way to the identity beside the inverse.
+struct Augmented {
+    std::array<std::array<doubledouble, 8>, 4> rows;
+};
+
+bool IsFinite(const Mat4d& a) {
+    return std::all_of(&a.m[0][0], &a.m[0][0] + 16, [](double v) { return std::isfinite(v); });
+}
+
+// Scales the matrix; false when a row or a column is zero.
+bool BalanceRowsAndColumns(Mat4d& a, Balance& balance) {
+    for (const bool rows : {true, false}) {
+        for (std::size_t i = 0; i < 4; ++i) {
+            double largest = 0.0;
+            for (std::size_t k = 0; k < 4; ++k) {
+                largest = std::max(largest, std::fabs(rows ? a.m[i][k] : a.m[k][i]));
+            }
+            if (largest == 0.0) {
+                return false;
+            }
+            const int shift = -std::ilogb(largest);
+            (rows ? balance.row : balance.column)[i] = shift;
+            for (std::size_t k = 0; k < 4; ++k) {
+                double& value = rows ? a.m[i][k] : a.m[k][i];
+                value = std::scalbn(value, shift);
+            }
+        }
+    }
+    return true;
+}
+
+Augmented BesideIdentity(const Mat4d& a) {
+    Augmented augmented;
+    for (std::size_t row = 0; row < 4; ++row) {
+        for (std::size_t column = 0; column < 4; ++column) {
+            augmented.rows[row][column] = a.m[row][column];
+            augmented.rows[row][4 + column] = row == column ? 1.0 : 0.0;
+        }
+    }
+    return augmented;
+}
+
+std::size_t PivotRow(const Augmented& a, std::size_t column) {
     std::size_t best = column;
     for (std::size_t row = column + 1; row < 4; ++row) {
-        if (std::fabs(a.m[row][column]) > std::fabs(a.m[best][column])) {
+        if (std::fabs(a.rows[row][column].high) > std::fabs(a.rows[best][column].high)) {
             best = row;
         }
     }
     return best;
 }
 
-void SubtractMultiple(double (&row)[4], const double (&source)[4], double factor) {
-    for (std::size_t k = 0; k < 4; ++k) {
-        row[k] -= factor * source[k];
+// Makes a column of the left half that of the identity; false when no pivot is left.
+bool Eliminate(Augmented& a, std::size_t column) {
+    std::swap(a.rows[PivotRow(a, column)], a.rows[column]);
+    auto& source = a.rows[column];
+    const doubledouble pivot = source[column];
+    if (!(std::fabs(pivot.high) > VANISHING_PIVOT)) {
+        return false;
     }
-}
-
-void Divide(double (&row)[4], double divisor) {
-    for (double& value : row) {
-        value /= divisor;
+    for (doubledouble& value : source) {
+        value = value / pivot;
     }
+    for (std::size_t row = 0; row < 4; ++row) {
+        const doubledouble factor = a.rows[row][column];
+        for (std::size_t k = 0; row != column && k < 8; ++k) {
+            a.rows[row][k] = a.rows[row][k] - factor * source[k];
+        }
+    }
+    return true;
 }
 
 } // namespace
 
-// Gauss-Jordan elimination with partial pivoting: every row operation that turns the copy into
-// the identity turns the identity into the inverse.
+// Gauss-Jordan elimination with partial pivoting in extended precision, on the balanced matrix:
+// with R and C the scales of rows and columns, the inverse is C (R A C)^-1 R.
 bool Mat4d::Inverse(Mat4d& result) const {
-    Mat4d left = *this;
-    Mat4d right;
+    Mat4d balanced = *this;
+    Balance balance;
+    if (!IsFinite(*this) || !BalanceRowsAndColumns(balanced, balance)) {
+        return false;
+    }
+    Augmented a = BesideIdentity(balanced);
     for (std::size_t column = 0; column < 4; ++column) {
-        const std::size_t pivot = PivotRow(left, column);
-        const double value = left.m[pivot][column];
-        if (value == 0.0 || !std::isfinite(value)) {
+        if (!Eliminate(a, column)) {
             return false;
         }
-        std::swap(left.m[pivot], left.m[column]);
-        std::swap(right.m[pivot], right.m[column]);
-        Divide(left.m[column], value);
-        Divide(right.m[column], value);
-        for (std::size_t row = 0; row < 4; ++row) {
-            if (row != column) {
-                const double factor = left.m[row][column];
-                SubtractMultiple(left.m[row], left.m[column], factor);
-                SubtractMultiple(right.m[row], right.m[column], factor);
-            }
+    }
+    Mat4d inverse;
+    for (std::size_t row = 0; row < 4; ++row) {
+        for (std::size_t column = 0; column < 4; ++column) {
+            inverse.m[row][column] = std::scalbn(a.rows[row][4 + column].high,
+                                                 balance.column[row] + balance.row[column]);
         }
     }
-    result = right;
+    if (!IsFinite(inverse)) {
+        return false;
+    }
+    result = inverse;
     return true;
 }
 

@@ -33,8 +33,9 @@ struct Mat4d {
     /// Transforms a direction: the upper-left 3 by 3 part only, no translation.
     KIT_API Vec3d DirMult(const Vec3d& direction) const;
     KIT_API Mat4d Transpose() const;
-    /// Writes the inverse and returns true; returns false, and leaves the result as it was,
-    /// for a matrix that is singular or not finite. The result may be this matrix.
+    /// Writes the inverse, each value within about a unit in its last place, and returns true.
+    /// Returns false, and leaves the result as it was, for a matrix that is singular or not
+    /// finite or whose inverse is beyond the range of doubles. The result may be this matrix.
     KIT_API bool Inverse(Mat4d& result) const;
 };
 

@@ -23,12 +23,21 @@ namespace detail {
 ///
 /// Growing past N moves the elements to the heap once; from then on the heap block is grown by
 /// reallocation, doubling each time. A failed growth throws std::bad_alloc and changes nothing.
+///
+/// The fields and their order are part of the interface: inline bodies of all hosts share them.
+/// Read them freely; leave writing to the members.
 template <typename T, std::size_t N>
 class CPodVector {
     static_assert(std::is_trivially_copyable_v<T>, "elements are moved as raw bytes");
     static_assert(N > 0, "the inline buffer is never empty");
+    static_assert(alignof(T) <= alignof(std::max_align_t), "the heap aligns no further");
 
 public:
+    T* m_data;              ///< The elements: m_inline, or a block of the heap.
+    std::size_t m_count;    ///< The number of elements.
+    std::size_t m_capacity; ///< The number of elements that fit without growing.
+    T m_inline[N];          ///< The storage of a short vector.
+
     CPodVector() : m_data(m_inline), m_count(0), m_capacity(N) {}
     CPodVector(const CPodVector& o) : CPodVector() { Assign(o); }
     CPodVector& operator=(const CPodVector& o) {
@@ -104,11 +113,6 @@ private:
             std::free(m_data);
         }
     }
-
-    T* m_data;
-    std::size_t m_count;
-    std::size_t m_capacity;
-    T m_inline[N];
 };
 
 } // namespace kit

@@ -28,6 +28,10 @@ bool Vec2d::Normalize() {
     if (length == 0.0) {
         return false;
     }
+    if (std::isinf(length) && std::isfinite(x) && std::isfinite(y)) {
+        *this *= 0x1p-600; // the squares overflowed; a power of two keeps every digit
+        return Normalize();
+    }
     *this /= length;
     return true;
 }

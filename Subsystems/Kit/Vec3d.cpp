@@ -30,6 +30,10 @@ bool Vec3d::Normalize() {
     if (length == 0.0) {
         return false;
     }
+    if (std::isinf(length) && std::isfinite(x) && std::isfinite(y) && std::isfinite(z)) {
+        *this *= 0x1p-600; // the squares overflowed; a power of two keeps every digit
+        return Normalize();
+    }
     *this /= length;
     return true;
 }
