@@ -188,7 +188,8 @@ TEST(Box2d, UnionHoldsBoth) {
     Box2d empty;
     empty |= Box2d(1, 2, 3, 4);
     EXPECT_EQ(empty, Box2d(1, 2, 3, 4));
-    empty |= empty;
+    const Box2d& same = empty;
+    empty |= same;
     EXPECT_EQ(empty, Box2d(1, 2, 3, 4));
 }
 

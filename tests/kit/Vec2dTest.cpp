@@ -48,13 +48,14 @@ TEST(Vec2d, ScalarsMultiplyFromBothSides) {
 
 TEST(Vec2d, AssigningOperatorsMayTakeTheVectorItself) {
     Vec2d v(2, 4);
-    v += v;
+    const Vec2d& same = v;
+    v += same;
     EXPECT_EQ(v, Vec2d(4, 8));
-    v *= v;
+    v *= same;
     EXPECT_EQ(v, Vec2d(16, 64));
-    v /= v;
+    v /= same;
     EXPECT_EQ(v, Vec2d(1, 1));
-    v -= v;
+    v -= same;
     EXPECT_EQ(v, Vec2d(0, 0));
     v = {6, 9};
     v *= 2.0;

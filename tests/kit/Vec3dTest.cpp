@@ -45,13 +45,14 @@ TEST(Vec3d, ProductAndQuotientAreComponentByComponent) {
 
 TEST(Vec3d, AssigningOperatorsMayTakeTheVectorItself) {
     Vec3d v(2, 4, 6);
-    v += v;
+    const Vec3d& same = v;
+    v += same;
     EXPECT_EQ(v, Vec3d(4, 8, 12));
-    v *= v;
+    v *= same;
     EXPECT_EQ(v, Vec3d(16, 64, 144));
-    v /= v;
+    v /= same;
     EXPECT_EQ(v, Vec3d(1, 1, 1));
-    v -= v;
+    v -= same;
     EXPECT_EQ(v, Vec3d(0, 0, 0));
     v = {3, 6, 9};
     v *= 2.0;
