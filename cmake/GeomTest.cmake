@@ -14,11 +14,6 @@ function(geom_add_test name)
     target_link_libraries(${name} PRIVATE geom_options geom_test_support
                                           GTest::gmock GTest::gtest_main
                                           ${arg_LIBRARIES})
-    # GoogleTest's macros for typed and parameterised suites may be called without their last
-    # argument, which C++17 does not quite allow.
-    if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
-        target_compile_options(${name} PRIVATE -Wno-gnu-zero-variadic-macro-arguments)
-    endif()
     gtest_discover_tests(${name} TEST_PREFIX ${name}.
                          DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
                          PROPERTIES TIMEOUT 600)
