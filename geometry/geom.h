@@ -29,4 +29,6 @@
 #include "geometry/Triangle.h"
 #include "geometry/RemoveSelfIntersections.h"
 #include "geometry/SpatialSearchGrid2D.h"
+#include "geometry/Thinning.h"
 #include "geometry/TriStrip.h"
+#include "geometry/Triangle.h"

@@ -163,9 +163,20 @@ TEST(Polyline, FailedAllocationLeavesItUnchanged) {
     };
     failing([&] { line.Append(POINTS, 3); });
     failing([&] { other = line; });
-    failing([&] { const Polyline copy(line); });
-    failing([&] { const Polyline made(POINTS, 3); });
-    failing([&] { const Polyline made(DEVICE_POINTS, 2); });
+    // Each object is looked at from outside, or a compiler may leave it out with its storage.
+    const Polyline* volatile seen = nullptr;
+    failing([&] {
+        const Polyline copy(line);
+        seen = &copy;
+    });
+    failing([&] {
+        const Polyline made(POINTS, 3);
+        seen = &made;
+    });
+    failing([&] {
+        const Polyline made(DEVICE_POINTS, 2);
+        seen = &made;
+    });
     EXPECT_EQ(failures, 5);
     EXPECT_EQ(Vertices(line), std::vector<Vec2d>(POINTS, POINTS + 3));
     EXPECT_EQ(Vertices(other), std::vector<Vec2d>(POINTS, POINTS + 1));

@@ -90,24 +90,27 @@ void GivenBack(const void* block) {
 
 } // namespace geom::test
 
-// The C library's own names for its heap functions; operator new calls malloc.
+// The C library's own names for its heap functions; operator new calls malloc. The replacements
+// must be visible, or the shared libraries keep those of the C library.
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* block, std::size_t size);
 void __libc_free(void* block);
 
-void* malloc(std::size_t size) {
+#define REPLACES_THE_HEAP __attribute__((visibility("default")))
+
+REPLACES_THE_HEAP void* malloc(std::size_t size) {
     using namespace geom::test;
     return MustFail() ? nullptr : Taken(__libc_malloc(size));
 }
 
-void* calloc(std::size_t count, std::size_t size) {
+REPLACES_THE_HEAP void* calloc(std::size_t count, std::size_t size) {
     using namespace geom::test;
     return MustFail() ? nullptr : Taken(__libc_calloc(count, size));
 }
 
-void* realloc(void* block, std::size_t size) {
+REPLACES_THE_HEAP void* realloc(void* block, std::size_t size) {
     using namespace geom::test;
     if (MustFail()) {
         return nullptr;
@@ -121,7 +124,7 @@ void* realloc(void* block, std::size_t size) {
     return __libc_realloc(block, size);
 }
 
-void free(void* block) {
+REPLACES_THE_HEAP void free(void* block) {
     geom::test::GivenBack(block);
     __libc_free(block);
 }

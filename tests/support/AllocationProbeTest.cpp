@@ -48,6 +48,22 @@ TEST_F(AllocationProbes, CountsEveryKindOfRequest) {
     EXPECT_FALSE(probe.Failed());
 }
 
+TEST_F(AllocationProbes, BalanceIsWhatIsStillOwned) {
+    const AllocationProbe probe;
+    void* block = std::malloc(8);
+    Keep(block);
+    auto number = std::make_unique<int>(7);
+    Keep(number.get());
+    EXPECT_EQ(probe.Balance(), 2);
+    block = std::realloc(block, 4000);
+    Keep(block);
+    EXPECT_EQ(probe.Balance(), 2);
+    std::free(block);
+    EXPECT_EQ(probe.Balance(), 1);
+    number.reset();
+    EXPECT_EQ(probe.Balance(), 0);
+}
+
 TEST_F(AllocationProbes, FailsTheChosenRequestOnly) {
     const AllocationProbe probe(1);
     void* first = std::malloc(8);
