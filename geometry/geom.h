@@ -25,8 +25,6 @@
 #include "geometry/ParametricLine3.h"
 #include "geometry/Plane.h"
 #include "geometry/Polyline.h"
-#include "geometry/Thinning.h"
-#include "geometry/Triangle.h"
 #include "geometry/RemoveSelfIntersections.h"
 #include "geometry/SpatialSearchGrid2D.h"
 #include "geometry/Thinning.h"

@@ -50,8 +50,11 @@ umbrella_headers_are_complete() {
     includes_all Subsystems/Kit/Kit.h Subsystems/Kit
 }
 
+# A host needs the tessellator's library at run time only.
 needs_no_tessellator_headers() {
-    ! grep -rnE '<GL/|OpenGL|GLU' "$include" "$prefix/$LIB_DIR/cmake" "$prefix/$LIB_DIR/pkgconfig"
+    ! grep -rnE '# *include.*(GL/|glu)' "$include" || fail "the headers above include it"
+    ! grep -rnE 'OpenGL|GLU' "$prefix/$LIB_DIR/cmake" "$prefix/$LIB_DIR/pkgconfig" ||
+        fail "the package files above name it"
 }
 
 libraries_carry_names() {

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 #include <type_traits>
 
@@ -137,30 +136,6 @@ TEST(ThrowKitError, ArgumentsBehindTextsStayInStep) {
 TEST(ThrowKitError, PercentSigns) {
     EXPECT_EQ(Message(L"100%%"), "100%");
     EXPECT_EQ(Message(L"ends with %"), "ends with ");
-}
-
-class TestError : public IError {};
-
-// One line that names module, file and line.
-void ExpectOneLine(const std::string& text) {
-    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1) << text;
-    EXPECT_EQ(text.back(), '\n');
-    for (const char* part : {"Module", "Unit", "77"}) {
-        EXPECT_NE(text.find(part), std::string::npos) << text;
-    }
-}
-
-TEST(LogExceptionInfo, WritesOneLineWithoutAnErrorObject) {
-    testing::internal::CaptureStderr();
-    LogExceptionInfo("Module", "Unit", 77, nullptr);
-    ExpectOneLine(testing::internal::GetCapturedStderr());
-}
-
-TEST(LogExceptionInfo, WritesOneLineWithAnErrorObject) {
-    const TestError error;
-    testing::internal::CaptureStderr();
-    LogExceptionInfo("Module", "Unit", 77, &error);
-    ExpectOneLine(testing::internal::GetCapturedStderr());
 }
 
 } // namespace
