@@ -19,7 +19,9 @@
 
 namespace geom {
 
+class DashLineGenerator;
 class GpcPolygon;
+class LineClipPolygon;
 
 /// Clips a polygon to a polygon: their intersection, or ClipGPolygonToRect when the clip polygon
 /// is a rectangle.
@@ -74,5 +76,48 @@ GEOM_API bool PolygonContains(const GpcPolygon& outer, const GpcPolygon& inner);
 /// The same with the inner polygon as flat input, all parts external contours.
 GEOM_API bool PolygonContains(const GpcPolygon& outer, const Vec2d* pts, const unsigned int* counts,
                               std::size_t numParts);
+
+/// Clips polylines to a rectangle and appends the runs that are left of each, in order.
+///
+/// Line i takes the next counts[i] points. The rectangle is normalised first, which makes the
+/// empty box the whole plane, and it clips also when it is a line or a point: a segment that
+/// crosses a line becomes a run of two equal points. Runs are those of CLineClip::ClipPolyline;
+/// nothing is joined to what the outputs already hold. The input may be the output vectors'
+/// storage, here and below.
+///
+/// Null points, null counts and numLines 0 are internal errors of file "ClipUtil", here and
+/// below.
+GEOM_API void ClipPolylinesToRect(const Vec2d* pts, const unsigned int* counts,
+                                  std::size_t numLines, const Box2d& rect,
+                                  std::vector<Vec2d>& outPts, std::vector<unsigned int>& outCounts);
+
+/// Clips polylines to a polygon: ClipPolylinesToRect when it is a rectangle, else the form for a
+/// LineClipPolygon, which is made for the call. An empty polygon lets every line pass.
+GEOM_API void ClipPolylinesToPolygon(const Vec2d* pts, const unsigned int* counts,
+                                     std::size_t numLines, const GpcPolygon& clip,
+                                     std::vector<Vec2d>& outPts,
+                                     std::vector<unsigned int>& outCounts);
+
+/// Clips polylines to a polygon that has been made ready for lines, for callers that clip more
+/// than once.
+///
+/// A rectangle (LineClipPolygon::IsRectangle) is left to ClipPolylinesToRect. Otherwise pieces
+/// are joined to runs as in LineClipPolygon::Clip, also to the run that ends the outputs at the
+/// call.
+GEOM_API void ClipPolylinesToPolygon(const Vec2d* pts, const unsigned int* counts,
+                                     std::size_t numLines, const LineClipPolygon& clip,
+                                     std::vector<Vec2d>& outPts,
+                                     std::vector<unsigned int>& outCounts);
+
+/// Dashes polylines and clips each piece of the dashes to a polygon, as ClipPolylinesToPolygon
+/// does with a line of two points.
+///
+/// The generator carries its phase from line to line and on to the next call. What the polygon
+/// calls for is made once, so a dash costs no more than its clipping. When a clipping fails, the
+/// generator stands at the end of the line in hand.
+GEOM_API void ClipDashedPolylinesToPolygon(const Vec2d* pts, const unsigned int* counts,
+                                           std::size_t numLines, DashLineGenerator& dashes,
+                                           const GpcPolygon& clip, std::vector<Vec2d>& outPts,
+                                           std::vector<unsigned int>& outCounts);
 
 } // namespace geom
