@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "tools/geomtool/Formats.h"
+
+#include "tools/geomtool/BinaryFormat.h"
+#include "tools/geomtool/Files.h"
+#include "tools/geomtool/GeoJsonFormat.h"
+#include "tools/geomtool/InputError.h"
+#include "tools/geomtool/TextFormat.h"
+#include "tools/geomtool/WktFormat.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+namespace geomtool {
+
+namespace {
+
+constexpr std::array<std::pair<std::string_view, Format>, 8> EXTENSIONS = {{
+    {".txt", Format::Text},
+    {".text", Format::Text},
+    {".bin", Format::Binary},
+    {".binary", Format::Binary},
+    {".wkt", Format::Wkt},
+    {".geojson", Format::GeoJson},
+    {".json", Format::GeoJson},
+    {".svg", Format::Svg},
+}};
+
+std::string LowerCase(std::string text) {
+    for (char& c : text) {
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
+    return text;
+}
+
+} // namespace
+
+const std::vector<std::string>& FormatNames() {
+    static const std::vector<std::string> names = {"text", "binary", "wkt", "geojson", "svg"};
+    return names;
+}
+
+std::optional<Format> FormatOfName(const std::string& name) {
+    const std::vector<std::string>& names = FormatNames();
+    const auto found = std::find(names.begin(), names.end(), name);
+    if (found == names.end()) {
+        return std::nullopt;
+    }
+    return static_cast<Format>(found - names.begin());
+}
+
+std::optional<Format> FormatOfPath(const std::string& path) {
+    if (IsStandardStream(path)) {
+        return Format::Text;
+    }
+    const std::size_t name = path.find_last_of('/') + 1; // npos + 1 is 0
+    const std::size_t dot = path.find_last_of('.');
+    if (dot == std::string::npos || dot < name) {
+        return std::nullopt;
+    }
+    const std::string extension = LowerCase(path.substr(dot));
+    for (const auto& [known, format] : EXTENSIONS) {
+        if (extension == known) {
+            return format;
+        }
+    }
+    return std::nullopt;
+}
+
+PolygonSet ReadShapes(const std::string& path, Format format, bool holeFlags) {
+    const std::string bytes = ReadFile(path);
+    const std::string name = DisplayName(path);
+    switch (format) {
+    case Format::Text: return ReadText(name, bytes, holeFlags);
+    case Format::Binary: return ReadBinary(name, bytes, holeFlags);
+    case Format::Wkt: return ReadWkt(name, bytes);
+    case Format::GeoJson: return ReadGeoJson(name, bytes);
+    case Format::Svg: break;
+    }
+    throw ErrorIn(name, "SVG files can be written, not read");
+}
+
+std::string FormatShapes(const PolygonSet& shapes, Format format, bool holeFlags) {
+    switch (format) {
+    case Format::Text: return WriteText(shapes, holeFlags);
+    case Format::Binary: return WriteBinary(shapes, holeFlags);
+    case Format::Wkt: return WriteWkt(shapes);
+    case Format::GeoJson: return WriteGeoJson(shapes);
+    case Format::Svg: break;
+    }
+    throw UsageError("a drawing has no plain form");
+}
+
+} // namespace geomtool

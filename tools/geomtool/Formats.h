@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tools/geomtool/PolygonSet.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// \file
+/// The table of file formats.
+
+namespace geomtool {
+
+enum class Format { Text, Binary, Wkt, GeoJson, Svg };
+
+/// The names that options accept, in the order of the enumeration.
+const std::vector<std::string>& FormatNames();
+
+/// The format of a name such as "wkt"; nothing for an unknown one.
+std::optional<Format> FormatOfName(const std::string& name);
+
+/// The format that a file's extension tells; text for the standard streams; nothing for an
+/// unknown extension. The case of letters does not matter.
+std::optional<Format> FormatOfPath(const std::string& path);
+
+/// Reads a file or standard input. SVG cannot be read.
+PolygonSet ReadShapes(const std::string& path, Format format, bool holeFlags);
+
+/// The bytes of a file with the shapes. `format` is not Svg: a drawing takes a style, too.
+std::string FormatShapes(const PolygonSet& shapes, Format format, bool holeFlags);
+
+} // namespace geomtool

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+
+namespace CLI {
+class App;
+}
+
+/// \file
+/// The subcommands. Each function adds one, or one family, to the command line; when the user
+/// chooses it, its work is stored in `chosen` and runs after the whole line has been parsed.
+
+namespace geomtool {
+
+using Action = std::function<void()>;
+
+/// clip, union, difference, xor
+void AddSetOperationCommands(CLI::App& app, Action& chosen);
+void AddStripsCommand(CLI::App& app, Action& chosen);
+void AddContainsCommand(CLI::App& app, Action& chosen);
+void AddInfoCommand(CLI::App& app, Action& chosen);
+void AddConvertCommand(CLI::App& app, Action& chosen);
+void AddDrawCommand(CLI::App& app, Action& chosen);
+
+} // namespace geomtool

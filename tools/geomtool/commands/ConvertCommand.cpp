@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "tools/geomtool/Progress.h"
+#include "tools/geomtool/commands/Commands.h"
+#include "tools/geomtool/commands/FileOptions.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace geomtool {
+
+namespace {
+
+struct Options {
+    InputOptions input;
+    OutputOptions output;
+};
+
+void Run(const Options& options) {
+    CheckOutput(options.output);
+    Progress progress;
+    const std::vector<PolygonSet> inputs = ReadInputs(options.input, progress);
+    progress.Begin("writing");
+    WriteOutput(inputs[0], options.output, DEFAULT_FILL);
+}
+
+} // namespace
+
+void AddConvertCommand(CLI::App& app, Action& chosen) {
+    const auto options = std::make_shared<Options>();
+    CLI::App& command = *app.add_subcommand(
+        "convert", "Writes a polygon in another format, every coordinate unchanged. In WKT and "
+                   "GeoJSON each hole goes to the smallest contour around it, and contours of "
+                   "fewer than 3 points are left out");
+    command.footer("Example:\n  geomtool convert countries.txt -o countries.geojson\n"
+                   "  geomtool convert - --from wkt --to binary < in.wkt > out.bin");
+    AddInputOptions(command, options->input, 1, 1);
+    AddOutputOptions(command, options->output);
+    command.callback([&chosen, options] { chosen = [options] { Run(*options); }; });
+}
+
+} // namespace geomtool

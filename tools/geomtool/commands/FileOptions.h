@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tools/geomtool/Formats.h"
+#include "tools/geomtool/commands/DrawingOptions.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+/// \file
+/// The options that commands share for what they read and write.
+
+namespace geomtool {
+
+class Progress;
+
+/// The files that a command reads.
+struct InputOptions {
+    std::vector<std::string> paths;
+    /// Names of formats for the files in turn, the last one for all further files.
+    std::vector<std::string> formats;
+    bool withoutHoles = false;
+};
+
+/// Adds the files as positional arguments, and --from and --no-holes-in.
+void AddInputOptions(CLI::App& command, InputOptions& options, std::size_t fewest,
+                     std::size_t most);
+
+/// The format of a file. Throws a UsageError when nothing tells it.
+Format InputFormat(const InputOptions& options, std::size_t index);
+
+/// Reads all files. Throws a UsageError when standard input is named twice.
+std::vector<PolygonSet> ReadInputs(const InputOptions& options, Progress& progress);
+
+/// The file that a command writes.
+struct OutputOptions {
+    std::string path = "-";
+    std::string format;
+    bool withoutHoles = false;
+    DrawingOptions drawing;
+};
+
+/// Adds -o, --to, --no-holes-out and the options of drawings.
+void AddOutputOptions(CLI::App& command, OutputOptions& options);
+
+/// The fill of drawings of one layer.
+inline constexpr const char* DEFAULT_FILL = "#c3d3b4";
+
+/// Throws a UsageError when the output's format or drawing makes no sense, before any work.
+void CheckOutput(const OutputOptions& options);
+
+/// Writes the shapes, as a drawing of one layer when the format is SVG.
+/// \param defaultFill the fill of the drawing unless an option chooses one.
+void WriteOutput(const PolygonSet& shapes, const OutputOptions& options,
+                 const std::string& defaultFill);
+
+/// Reads numbers such as "1,2.5,-3". Throws a UsageError that names the option when there are
+/// not exactly `count`.
+std::vector<double> ParseNumbers(const std::string& option, const std::string& text,
+                                 std::size_t count);
+
+/// Reads "minx,miny,maxx,maxy". Throws a UsageError unless the box has an area.
+geom::Box2d ParseBox(const std::string& option, const std::string& text);
+
+} // namespace geomtool
