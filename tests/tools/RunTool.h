@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace geomtool::test {
+
+/// What a run of the tool left behind.
+struct ToolRun {
+    /// The exit status; -1 when a signal ended the process.
+    int status;
+    std::string output;
+    std::string errors;
+};
+
+/// Runs the built tool as a process of its own.
+ToolRun RunGeomtool(const std::vector<std::string>& arguments, const std::string& input = {});
+
+} // namespace geomtool::test
