@@ -24,7 +24,7 @@ TEST(InputError, OneLineKeepsTextAndReplacesWhatATerminalWouldObey) {
     EXPECT_EQ(OneLine("\xC2\x9B"
                       "x"),
               "?x"); // an escape of the upper control characters
-    EXPECT_EQ(OneLine("\xFF\xC3(\xE2\x82"), "??(??");
+    EXPECT_EQ(OneLine("\xFF\xC3+\xE2\x82"), "??+??");
     EXPECT_EQ(OneLine(""), "");
 }
 
