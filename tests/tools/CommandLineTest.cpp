@@ -74,7 +74,7 @@ TEST_F(CommandLine, SetOperationsCombineTwoFiles) {
 
 TEST_F(CommandLine, ARectangleStandsForTheSecondFile) {
     EXPECT_EQ(AreaOf({"clip", File("a.txt"), "--rect", "-10,-10,1,3"}), "3");
-    EXPECT_EQ(AreaOf({"difference", File("a.txt"), "--rect=-10,-10,1,3"}), "13");
+    EXPECT_EQ(AreaOf({"difference", File("a.txt"), "--rect=1,3,-10,-10"}), "13");
 }
 
 TEST_F(CommandLine, UnionOfOneFileDissolvesSharedBorders) {
@@ -158,14 +158,16 @@ TEST_F(CommandLine, DrawingsHaveStyles) {
 
 TEST_F(CommandLine, BadInputIsOneLineAndStatusOne) {
     const std::string bad = m_folder.Create("bad.wkt", "POLYGON((0 0,\n1 x))");
-    const std::string cut = m_folder.Create("cut.bin", std::string("\x01\0\0\0\x05", 5));
+    const std::string cut =
+        m_folder.Create("cut.bin", std::string("\x01\0\0\0\x05\0\0\0\0\0\0\0", 12));
     const std::string json = m_folder.Create("deep.json", std::string(100000, '['));
     m_files += 3;
     const std::string out = File("out.txt");
     ExpectFailure(1, {"convert", bad, "-o", out}, bad + ":2: expected a number, found 'x))'");
     ExpectFailure(1, {"clip", File("a.txt"), bad, "-o", out},
                   bad + ":2: expected a number, found 'x))'");
-    ExpectFailure(1, {"info", cut}, cut + ": byte 4: the file ends within a vertex count");
+    ExpectFailure(1, {"info", cut},
+                  cut + ": byte 4: the vertex count 5 is larger than the file can hold");
     ExpectFailure(1, {"convert", json, "-o", out},
                   json + ":1: expected a GeoJSON object, found an array");
     ExpectFailure(1, {"info", File("none.txt")},
@@ -189,7 +191,7 @@ TEST_F(CommandLine, BadUsageIsOneLineAndStatusTwo) {
                   "clip: --rect: expected 4 numbers with commas between them, found '0,0,1' (see "
                   "geomtool clip --help)");
     ExpectFailure(2, {"clip", a, "--rect", "0,0,1,0"},
-                  "clip: --rect: expected minx,miny,maxx,maxy with minx < maxx, miny < maxy (see "
+                  "clip: --rect: a rectangle needs an area, unlike '0,0,1,0' (see "
                   "geomtool clip --help)");
     ExpectFailure(2, {"contains", a},
                   "contains: needs either a second file or --point (see geomtool "

@@ -63,7 +63,7 @@ TEST_P(RoundTrip, KeepsEveryCoordinate) {
 
 INSTANTIATE_TEST_SUITE_P(AllFormats, RoundTrip,
                          ::testing::Values(".txt", ".bin", ".wkt", ".geojson"),
-                         [](const auto& info) { return std::string(info.param).substr(1); });
+                         [](const auto& format) { return std::string(format.param).substr(1); });
 
 TEST(RoundTripChain, PassesThroughAllFormatsByStandardStreams) {
     std::string bytes = ReadFile(COUNTRIES);

@@ -4,11 +4,13 @@
 #include "Subsystems/Kit/Exception.h"
 #include "tools/geomtool/InputError.h"
 #include "tools/geomtool/commands/Commands.h"
+#include "tools/geomtool/commands/HelpFormatter.h"
 
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
 #include <exception>
+#include <memory>
 #include <new>
 
 namespace geomtool {
@@ -60,6 +62,7 @@ int RunTool(int argc, const char* const* argv) {
                "geomtool COMMAND --help tells more about each command.");
     app.set_version_flag("--version", "geomtool " GEOMTOOL_VERSION);
     app.require_subcommand(1);
+    app.formatter(std::make_shared<HelpFormatter>()); // subcommands inherit it
     Action chosen;
     AddSetOperationCommands(app, chosen);
     AddStripsCommand(app, chosen);

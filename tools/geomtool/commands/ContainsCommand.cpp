@@ -43,11 +43,12 @@ bool Answer(const Options& options) {
 void AddContainsCommand(CLI::App& app, Action& chosen) {
     const auto options = std::make_shared<Options>();
     CLI::App& command = *app.add_subcommand(
-        "contains", "Prints yes when the first polygon holds the second one, or a point; else no");
+        "contains", "prints yes when the first polygon holds the second one, or a point; else no");
     command.footer("Example:\n  geomtool contains land.txt island.wkt\n"
                    "  geomtool contains land.txt --point 8.55,47.37");
-    AddInputOptions(command, options->input, 1, 2);
-    command.add_option("--point", options->point, "x,y: a point in the place of the second file");
+    AddInputOptions(command, options->input, 2);
+    command.add_option("--point", options->point, "a point in the place of the second file")
+        ->option_text("X,Y");
     command.callback([&chosen, options] {
         chosen = [options] { WriteFile("-", Answer(*options) ? "yes\n" : "no\n"); };
     });

@@ -29,12 +29,12 @@ void Run(const Options& options) {
 void AddConvertCommand(CLI::App& app, Action& chosen) {
     const auto options = std::make_shared<Options>();
     CLI::App& command = *app.add_subcommand(
-        "convert", "Writes a polygon in another format, every coordinate unchanged. In WKT and "
+        "convert", "writes a polygon in another format, every coordinate unchanged; in WKT and "
                    "GeoJSON each hole goes to the smallest contour around it, and contours of "
                    "fewer than 3 points are left out");
     command.footer("Example:\n  geomtool convert countries.txt -o countries.geojson\n"
                    "  geomtool convert - --from wkt --to binary < in.wkt > out.bin");
-    AddInputOptions(command, options->input, 1, 1);
+    AddInputOptions(command, options->input, 1);
     AddOutputOptions(command, options->output);
     command.callback([&chosen, options] { chosen = [options] { Run(*options); }; });
 }

@@ -42,12 +42,14 @@ void AddDrawCommand(CLI::App& app, Action& chosen) {
     constexpr std::size_t MOST_LAYERS = 1000;
     const auto options = std::make_shared<Options>();
     CLI::App& command = *app.add_subcommand(
-        "draw", "Draws polygons as SVG, each file a layer over the ones before");
+        "draw", "draws polygons as SVG, each file a layer over the ones before");
     command.footer("Example:\n  geomtool draw sheet.wkt map.txt --fill '#dbe9f0' --fill palette "
                    "--outline=white -o map.svg");
-    AddInputOptions(command, options->input, 1, MOST_LAYERS);
-    command.add_option("-o,--output", options->output,
-                       "the drawing; - is standard output, and the default");
+    AddInputOptions(command, options->input, MOST_LAYERS);
+    command
+        .add_option("-o,--output", options->output,
+                    "the drawing; - is standard output, and the default")
+        ->option_text("FILE");
     AddDrawingOptions(command, options->drawing);
     command.callback([&chosen, options] { chosen = [options] { Run(*options); }; });
 }

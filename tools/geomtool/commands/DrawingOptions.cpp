@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "tools/geomtool/commands/DrawingOptions.h"
 
+#include "tools/geomtool/Numbers.h"
 #include "tools/geomtool/commands/FileOptions.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace geomtool {
@@ -28,37 +30,45 @@ std::string CheckFill(const std::string& text) {
     return text == PALETTE_FILL ? std::string() : CheckColour(text);
 }
 
+/// A check for numbers; the option parser's own lets "nan" pass.
+std::function<std::string(const std::string&)> NumberFrom(int least, int most) {
+    return [least, most](const std::string& text) {
+        std::string_view rest = text;
+        double value = 0;
+        if (TakeNumber(rest, value) == NumberStatus::Valid && rest.empty() && value >= least &&
+            value <= most) {
+            return std::string();
+        }
+        return "expected a number from " + std::to_string(least) + " to " + std::to_string(most) +
+               ", found '" + text + "'";
+    };
+}
+
 } // namespace
 
 void AddDrawingOptions(CLI::App& command, DrawingOptions& options) {
-    command
-        .add_option("--fill", options.fills,
-                    "a colour, none, or palette: one for each polygon; repeated, for one layer "
-                    "after another")
+    const auto add = [&command](const char* name, auto& value, const char* text, const char* help) {
+        return command.add_option(name, value, help)->option_text(text)->group(GROUP);
+    };
+    add("--fill", options.fills, "COLOUR",
+        "a colour, none, or palette: one for each polygon; repeated, for one layer after another")
         ->allow_extra_args(false)
-        ->check(CheckFill)
-        ->group(GROUP);
+        ->check(CheckFill);
     command
         .add_flag("--outline{#4a5560}", options.outlines,
-                  "draw outlines; --outline=COLOUR in another colour or none, repeated like --fill")
+                  "draw outlines, in a colour of choice or none; repeated like --fill")
         ->check(CheckColour)
+        ->option_text("[=COLOUR]")
         ->group(GROUP);
-    command.add_option("--line-width", options.lineWidths, "width of the outlines in pixels")
+    add("--line-width", options.lineWidths, "PIXELS", "width of the outlines; repeated like --fill")
         ->allow_extra_args(false)
-        ->check(CLI::Range(0.0, 100.0))
-        ->group(GROUP);
-    command.add_option("--size", options.size, "the longer side of the page in pixels")
-        ->check(CLI::Range(50.0, 100000.0))
-        ->capture_default_str()
-        ->group(GROUP);
-    command.add_option("--view", options.view, "draw only minx,miny,maxx,maxy")->group(GROUP);
-    command.add_option("--background", options.background, "colour of the page")
-        ->check(CheckColour)
-        ->group(GROUP);
-    command.add_option("--decimals", options.decimals, "digits after the point")
-        ->check(CLI::Range(0, 6))
-        ->capture_default_str()
-        ->group(GROUP);
+        ->check(NumberFrom(0, 100));
+    add("--size", options.size, "PIXELS", "the longer side of the page, 1200 by default")
+        ->check(NumberFrom(50, 100000));
+    add("--view", options.view, "X,Y,X,Y", "draw only the part between two corners");
+    add("--background", options.background, "COLOUR", "colour of the page")->check(CheckColour);
+    add("--decimals", options.decimals, "COUNT", "digits after the point, 2 by default")
+        ->check(CLI::IsMember({0, 1, 2, 3, 4, 5, 6}));
 }
 
 std::vector<SvgLayer> StyleLayers(std::vector<PolygonSet> shapes, const DrawingOptions& options,

@@ -31,20 +31,23 @@ Format OutputFormat(const OutputOptions& options) {
 
 } // namespace
 
-void AddInputOptions(CLI::App& command, InputOptions& options, std::size_t fewest,
-                     std::size_t most) {
+void AddInputOptions(CLI::App& command, InputOptions& options, std::size_t most) {
     command
         .add_option("FILE", options.paths,
                     most == 1 ? "the polygon; - is standard input"
                               : "the polygons; - is standard input")
-        ->required(fewest > 0)
-        ->expected(static_cast<int>(fewest), static_cast<int>(most));
+        ->required()
+        ->expected(1, static_cast<int>(most))
+        ->option_text(most == 1   ? "FILE"
+                      : most == 2 ? "FILE [FILE]"
+                                  : "FILE...");
     command
         .add_option("--from", options.formats,
                     std::string("format of the input where its name does not tell: ") +
                         FORMAT_HELP + "; repeated, for one file after another")
         ->allow_extra_args(false)
-        ->check(CLI::IsMember({"text", "binary", "wkt", "geojson"}));
+        ->check(CLI::IsMember({"text", "binary", "wkt", "geojson"}))
+        ->option_text("FORMAT");
     command.add_flag("--no-holes-in", options.withoutHoles,
                      "text and binary input store no hole flags");
 }
@@ -70,13 +73,16 @@ std::vector<PolygonSet> ReadInputs(const InputOptions& options, Progress& progre
 }
 
 void AddOutputOptions(CLI::App& command, OutputOptions& options) {
-    command.add_option("-o,--output", options.path,
-                       "the result; - is standard output, and the default");
+    command
+        .add_option("-o,--output", options.path,
+                    "the result; - is standard output, and the default")
+        ->option_text("FILE");
     command
         .add_option("--to", options.format,
                     std::string("format of the result where its name does not tell: ") +
                         FORMAT_HELP + ", svg (.svg)")
-        ->check(CLI::IsMember(FormatNames()));
+        ->check(CLI::IsMember(FormatNames()))
+        ->option_text("FORMAT");
     command.add_flag("--no-holes-out", options.withoutHoles,
                      "store no hole flags in text and binary output");
     AddDrawingOptions(command, options.drawing);
@@ -119,9 +125,10 @@ std::vector<double> ParseNumbers(const std::string& option, const std::string& t
 
 geom::Box2d ParseBox(const std::string& option, const std::string& text) {
     const std::vector<double> n = ParseNumbers(option, text, 4);
-    const geom::Box2d box(n[0], n[1], n[2], n[3]);
+    geom::Box2d box(n[0], n[1], n[2], n[3]);
+    box.Normalize();
     if (!box.HasArea()) {
-        throw UsageError(option + ": expected minx,miny,maxx,maxy with minx < maxx, miny < maxy");
+        throw UsageError(option + ": a rectangle needs an area, unlike '" + text + "'");
     }
     return box;
 }

@@ -27,9 +27,8 @@ struct InputOptions {
     bool withoutHoles = false;
 };
 
-/// Adds the files as positional arguments, and --from and --no-holes-in.
-void AddInputOptions(CLI::App& command, InputOptions& options, std::size_t fewest,
-                     std::size_t most);
+/// Adds one file up to `most` as positional arguments, and --from and --no-holes-in.
+void AddInputOptions(CLI::App& command, InputOptions& options, std::size_t most);
 
 /// The format of a file. Throws a UsageError when nothing tells it.
 Format InputFormat(const InputOptions& options, std::size_t index);
@@ -64,7 +63,8 @@ void WriteOutput(const PolygonSet& shapes, const OutputOptions& options,
 std::vector<double> ParseNumbers(const std::string& option, const std::string& text,
                                  std::size_t count);
 
-/// Reads "minx,miny,maxx,maxy". Throws a UsageError unless the box has an area.
+/// Reads a rectangle from two of its corners, "x,y,x,y". Throws a UsageError unless it has an
+/// area.
 geom::Box2d ParseBox(const std::string& option, const std::string& text);
 
 } // namespace geomtool

@@ -61,10 +61,10 @@ void Run(const Options& options) {
 void AddInfoCommand(CLI::App& app, Action& chosen) {
     const auto options = std::make_shared<Options>();
     CLI::App& command = *app.add_subcommand(
-        "info", "Prints the number of contours, holes and vertices, the box (minimum x and y, "
+        "info", "prints the number of contours, holes and vertices, the box (minimum x and y, "
                 "maximum x and y) and the area (external contours less holes)");
     command.footer("Example:\n  geomtool info countries.txt");
-    AddInputOptions(command, options->input, 1, 1);
+    AddInputOptions(command, options->input, 1);
     command.add_flag("--even-odd", options->evenOdd,
                      "print the area inside by even-odd parity, too, whatever overlaps");
     command.callback([&chosen, options] { chosen = [options] { Run(*options); }; });

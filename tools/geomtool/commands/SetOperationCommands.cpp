@@ -31,20 +31,20 @@ struct CommandEntry {
 
 constexpr CommandEntry COMMANDS[] = {
     {SetOperation::Intersection, "clip",
-     "The part of a polygon within another polygon or rectangle",
+     "the part of a polygon within another polygon or rectangle",
      "geomtool clip countries.txt sheet.wkt --each -o map.geojson\n"
      "  geomtool clip land.txt --rect -25,34,45,72 -o europe.svg",
      true, "clip each polygon by itself, so that borders between neighbours remain"},
     {SetOperation::Union, "union",
-     "The area that any of two polygons covers. Of one operand: borders that its polygons share "
-     "dissolve; where they overlap, even-odd parity decides, or --each",
+     "the area that any of two polygons covers; of one operand, borders that its polygons share "
+     "dissolve, and where they overlap, even-odd parity decides, or --each",
      "geomtool union countries.txt -o land.wkt", false,
      "unite polygon by polygon, so that overlaps are inside, too"},
-    {SetOperation::Difference, "difference", "A polygon without the area of another one",
+    {SetOperation::Difference, "difference", "a polygon without the area of another one",
      "geomtool difference land.txt lakes.geojson -o dry.txt", true,
      "cut each polygon by itself, so that borders between neighbours remain"},
     {SetOperation::Xor, "xor",
-     "The area that exactly one of two polygons covers. Of one operand: the area that an odd "
+     "the area that exactly one of two polygons covers; of one operand, the area that an odd "
      "number of its contours cover",
      "geomtool xor old.wkt new.wkt -o changes.svg", false, nullptr},
 };
@@ -110,9 +110,11 @@ void AddCommand(CLI::App& app, Action& chosen, const CommandEntry& entry) {
     const auto options = std::make_shared<Options>();
     CLI::App& command = *app.add_subcommand(entry.name, entry.description);
     command.footer(std::string("Example:\n  ") + entry.example);
-    AddInputOptions(command, options->input, 1, 2);
-    command.add_option("--rect", options->rectangle,
-                       "minx,miny,maxx,maxy: a rectangle in the place of the second file");
+    AddInputOptions(command, options->input, 2);
+    command
+        .add_option("--rect", options->rectangle,
+                    "a rectangle in the place of the second file, by two of its corners")
+        ->option_text("X,Y,X,Y");
     if (entry.each != nullptr) {
         command.add_flag("--each", options->each, entry.each);
     }

@@ -64,9 +64,9 @@ void Run(const Options& options) {
 void AddStripsCommand(CLI::App& app, Action& chosen) {
     const auto options = std::make_shared<Options>();
     CLI::App& command =
-        *app.add_subcommand("strips", "The triangle strips of a polygon, one contour for each");
+        *app.add_subcommand("strips", "the triangle strips of a polygon, one contour for each");
     command.footer("Example:\n  geomtool strips lake.geojson --outline -o strips.svg");
-    AddInputOptions(command, options->input, 1, 1);
+    AddInputOptions(command, options->input, 1);
     command.add_flag("--triangles", options->triangles, "one contour for each triangle");
     AddOutputOptions(command, options->output);
     command.callback([&chosen, options] { chosen = [options] { Run(*options); }; });
