@@ -84,7 +84,7 @@ std::size_t LeastUsed(const std::vector<std::size_t>& uses, ColourMask taken) {
 } // namespace
 
 const std::vector<std::string>& Palette() {
-    static const std::vector<std::string> colours = {"#e9c9a1", "#b9d1a7", "#e0b4ae", "#b4c8df",
+    static const std::vector<std::string> colours = {"#e9c9a1", "#b9d1a7", "#e0b4ae", "#d2c795",
                                                      "#ebdfa7", "#cbb9d9", "#a8d0c8", "#d9cfc1"};
     return colours;
 }
