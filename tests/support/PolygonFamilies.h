@@ -26,8 +26,8 @@ using MakeOperands = Operands (*)(Random& random, int size);
 /// What may be expected of the results besides that they are always the same.
 enum class Laws {
     None,     ///< beyond the documented limits of the sweep's tolerance
-    Contours, ///< contours show membership and areas; strips may lack triangles at horizontals
-    All
+    Contours, ///< contours show membership and areas; strips may be wrong where vertices coincide
+    All       ///< general position: strips have the area, too
 };
 
 struct PolygonFamily {
