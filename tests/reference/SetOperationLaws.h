@@ -18,7 +18,6 @@ struct SetOperations {
 
 /// Checks, for operands of one family and all four operations:
 /// - a probe point lies in the contours where the operation holds for its places in the operands;
-
 /// - the area of the contours, even-odd as well as external contours less holes, and where the
 ///   family allows it that of the strips, is the area on which the operation holds;
 /// - area(A | B) = area(A) + area(B) - area(A & B); area(A ^ B) = area(A | B) - area(A & B).
