@@ -212,7 +212,10 @@ void GpcPolygon::Construct(const GPCContourList& source) {
 template <typename Point>
 void GpcPolygon::ConstructFromPoints(const Point* pts, const unsigned int* counts,
                                      std::size_t numContours) {
-    if (counts == nullptr && numContours != 0) {
+    if (numContours == 0) {
+        return;
+    }
+    if (counts == nullptr) {
         ThrowInternalError(UNIT, LINE_NULL_COUNTS);
     }
     AllocateContourList(numContours);
