@@ -30,10 +30,9 @@ bool IsTriviallyEmpty(gpc_op operation, const Operand& subject, const Operand& c
 }
 
 // Returns false when there is nothing to sweep over.
-bool Prepare(gpc_op operation, const gpc_polygon& subjectRecord, const gpc_polygon& clipRecord,
-             SweepInput& input) {
-    const Operand subject(subjectRecord, SUBJECT);
-    const Operand clip(clipRecord, CLIP);
+bool Prepare(gpc_op operation, SweepInput& input) {
+    const Operand& subject = input.subject;
+    const Operand& clip = input.clip;
     if (IsTriviallyEmpty(operation, subject, clip)) {
         return false;
     }
@@ -43,17 +42,16 @@ bool Prepare(gpc_op operation, const gpc_polygon& subjectRecord, const gpc_polyg
     if (canPrune && subject.ContourCount() > 0 && clip.ContourCount() > 0) {
         MarkNonContributing(operation, subject, clip, subjectMarks, clipMarks);
     }
-    input.subject.Build(subject, subjectMarks, input.minima, input.scanbeams);
-    input.clip.Build(clip, clipMarks, input.minima, input.scanbeams);
+    input.minima.Append(subject, subjectMarks);
+    input.minima.Append(clip, clipMarks);
     input.minima.Sort();
-    input.scanbeams.Sort();
     return !input.minima.IsEmpty();
 }
 
 template <typename Output, typename Result>
 Result Compute(gpc_op operation, const gpc_polygon& subject, const gpc_polygon& clip) {
-    SweepInput input;
-    if (!Prepare(operation, subject, clip, input)) {
+    SweepInput input(subject, clip);
+    if (!Prepare(operation, input)) {
         return {};
     }
     Output output;

@@ -22,26 +22,24 @@ constexpr Horizontal NEXT_STATE[3][COLUMNS] = {
 };
 // clang-format on
 
-VertexClass Combine(gpc_op operation, unsigned clip, unsigned subject) {
+// The set operation as data: bit m is set when the result is inside where exactly the operands
+// of the mask m are.
+constexpr unsigned InsideMasks(gpc_op operation) {
     switch (operation) {
-    case GPC_XOR: return static_cast<VertexClass>(clip ^ subject);
-    case GPC_UNION: return static_cast<VertexClass>(clip | subject);
+    case GPC_XOR: return 0b0110;
+    case GPC_UNION: return 0b1110;
     case GPC_DIFF:
     case GPC_INT: break;
     }
-    return static_cast<VertexClass>(clip & subject);
+    return 0b1000;
 }
 
-// Where one operand is inside around a crossing. Below it lies the strip behind the left edge
-// and before the right one; either edge that belongs to the operand knows the parity there.
-unsigned QuadrantsAtCrossing(Role role, const Edge& left, const Edge& right) {
-    const unsigned l = left.bundle[ABOVE][role];
-    const unsigned r = right.bundle[ABOVE][role];
-    const bool inside = (l != 0 && left.side[role] == LEFT) ||
-                        (r != 0 && right.side[role] == RIGHT) ||
-                        (l == 0 && r == 0 && left.side[role] == RIGHT && right.side[role] == RIGHT);
-    const unsigned in = inside ? 1 : 0;
-    return in | (in ^ r) << 1U | (in ^ l) << 2U | (in ^ r ^ l) << 3U;
+VertexClass Combine(gpc_op operation, unsigned belowBefore, unsigned belowAfter,
+                    unsigned aboveBefore, unsigned aboveAfter) {
+    const unsigned inside = InsideMasks(operation);
+    const auto bit = [inside](unsigned roles) { return inside >> roles & 1U; };
+    return static_cast<VertexClass>(bit(belowBefore) | bit(belowAfter) << 1U |
+                                    bit(aboveBefore) << 2U | bit(aboveAfter) << 3U);
 }
 
 } // namespace
@@ -53,46 +51,56 @@ Horizontal NextHorizontalState(Horizontal state, int column) {
     return NEXT_STATE[static_cast<unsigned>(state)][column];
 }
 
-Parity OuterParity(gpc_op operation, Role role) {
-    return operation == GPC_DIFF && role == CLIP ? RIGHT : LEFT;
+RoleMask OuterSides(gpc_op operation) {
+    return operation == GPC_DIFF ? 1U << CLIP : 0U;
 }
 
-RowClassifier::RowClassifier(gpc_op operation)
-    : m_operation(operation), m_parity{OuterParity(operation, CLIP),
-                                       OuterParity(operation, SUBJECT)} {}
-
-bool RowClassifier::IsEvent(const Edge& edge) {
-    return (edge.bundle[ABOVE][CLIP] | edge.bundle[ABOVE][SUBJECT] | edge.bundle[BELOW][CLIP] |
-            edge.bundle[BELOW][SUBJECT]) != 0;
+bool IsInside(gpc_op operation, RoleMask sides) {
+    return (InsideMasks(operation) >> sides & 1U) != 0;
 }
 
 // An edge that does not contribute to the result needs no test of its own: its class comes out
 // as one without an action (Empty, TopEdge, BottomEdge or Full).
-VertexClass RowClassifier::Classify(Edge& edge) {
-    const unsigned clip = QuadrantsOf(CLIP, edge);
-    const unsigned subject = QuadrantsOf(SUBJECT, edge);
-    return Combine(m_operation, clip, subject);
+VertexClass RowClassifier::Classify(Slot& slot) {
+    const unsigned aboveBefore = m_sides;
+    const unsigned belowBefore = aboveBefore ^ m_pendingRoles;
+    slot.sides = m_sides;
+    m_sides = static_cast<RoleMask>(m_sides ^ slot.flags[ABOVE]);
+    StepOver(slot, CLIP);
+    StepOver(slot, SUBJECT);
+    return Combine(m_operation, belowBefore, belowBefore ^ slot.flags[BELOW], aboveBefore, m_sides);
 }
 
-unsigned RowClassifier::QuadrantsOf(Role role, Edge& edge) {
-    const unsigned above = edge.bundle[ABOVE][role];
-    const unsigned below = edge.bundle[BELOW][role];
-    const unsigned aboveBefore = m_parity[role];
-    const unsigned belowBefore = aboveBefore ^ (m_pending[role] != Horizontal::None ? 1U : 0U);
-    edge.side[role] = static_cast<std::uint8_t>(aboveBefore);
-    m_parity[role] ^= above;
-    const unsigned exists = above + 2 * below;
-    if (exists != 0) {
-        const int column = static_cast<int>((exists - 1) * 2 + m_parity[role]);
-        m_pending[role] = NextHorizontalState(m_pending[role], column);
+void RowClassifier::StepOver(const Slot& slot, Role role) {
+    const unsigned bit = 1U << role;
+    const bool above = (slot.flags[ABOVE] & bit) != 0;
+    const bool below = (slot.flags[BELOW] & bit) != 0;
+    if (!above && !below) {
+        return;
     }
-    return belowBefore | (belowBefore ^ below) << 1U | aboveBefore << 2U |
-           (aboveBefore ^ above) << 3U;
+    const int exists = (above ? 1 : 0) + (below ? 2 : 0);
+    const int parity = (m_sides & bit) != 0 ? 1 : 0;
+    m_pending[role] = NextHorizontalState(m_pending[role], (exists - 1) * 2 + parity);
+    m_pendingRoles = static_cast<RoleMask>(
+        m_pending[role] != Horizontal::None ? m_pendingRoles | bit : m_pendingRoles & ~bit);
 }
 
-VertexClass ClassifyCrossing(gpc_op operation, const Edge& left, const Edge& right) {
-    return Combine(operation, QuadrantsAtCrossing(CLIP, left, right),
-                   QuadrantsAtCrossing(SUBJECT, left, right));
+// Below the crossing lies the strip behind the left edge and before the right one; either edge
+// that belongs to an operand knows its parity there.
+VertexClass ClassifyCrossing(gpc_op operation, const Slot& left, const Slot& right) {
+    const unsigned l = left.flags[ABOVE];
+    const unsigned r = right.flags[ABOVE];
+    const unsigned both = 0b11;
+    const unsigned neither = both & ~(l | r);
+    const unsigned below =
+        (l & ~unsigned{left.sides}) | (r & right.sides) | (neither & left.sides & right.sides);
+    return Combine(operation, below, below ^ r, below ^ l, below ^ l ^ r);
+}
+
+VertexClass ClassifySuccession(gpc_op operation, const Slot& slot) {
+    const unsigned before = slot.sides;
+    const unsigned after = before ^ slot.flags[ABOVE];
+    return Combine(operation, before, after, before, after);
 }
 
 } // namespace geom::detail

@@ -40,6 +40,12 @@ enum class VertexClass : std::uint8_t {
     Full = 15
 };
 
+/// Whether an event of this class means anything to an output.
+inline bool HasAction(VertexClass vertexClass) {
+    constexpr unsigned SILENT = 1U << 0U | 1U << 3U | 1U << 12U | 1U << 15U;
+    return (SILENT >> static_cast<unsigned>(vertexClass) & 1U) == 0;
+}
+
 /// Whether an operand has a horizontal edge pending, and of which kind.
 ///
 /// One is pending between an event where the operand has an edge on one side of the scanline
@@ -52,29 +58,48 @@ enum class Horizontal : std::uint8_t { None, Bottom, Top };
 /// a column outside 0 to 5.
 Horizontal NextHorizontalState(Horizontal state, int column);
 
+/// The parities far to the left of everything.
+RoleMask OuterSides(gpc_op operation);
+
+/// Whether the result is inside where the operands have these parities.
+bool IsInside(gpc_op operation, RoleMask sides);
+
 /// Classifies the events of one row, from left to right.
 class RowClassifier {
 public:
-    explicit RowClassifier(gpc_op operation);
+    explicit RowClassifier(gpc_op operation)
+        : m_operation(operation), m_sides(OuterSides(operation)) {}
 
-    /// Whether the edge has a part above or below the scanline; one without is no event.
-    static bool IsEvent(const Edge& edge);
+    /// Starts behind a slot that is no event, or at the left end of the row behind null. No
+    /// horizontal is pending there.
+    void StartBehind(const Slot* slot) {
+        m_sides = slot != nullptr ? static_cast<RoleMask>(slot->sides ^ slot->flags[ABOVE])
+                                  : OuterSides(m_operation);
+        m_pendingRoles = 0;
+        m_pending[CLIP] = m_pending[SUBJECT] = Horizontal::None;
+    }
 
-    /// Classifies an event, stores in the edge the parities on its left, and steps over it.
-    VertexClass Classify(Edge& edge);
+    /// Classifies an event, stores in the slot the parities on its left, and steps over it.
+    VertexClass Classify(Slot& slot);
+
+    /// Whether an operand has a horizontal pending behind the last event.
+    bool HasPending() const { return m_pendingRoles != 0; }
+    /// Whether the result is inside above the row behind the last event.
+    bool IsInside() const { return detail::IsInside(m_operation, m_sides); }
 
 private:
-    unsigned QuadrantsOf(Role role, Edge& edge);
+    void StepOver(const Slot& slot, Role role);
 
     gpc_op m_operation;
-    unsigned m_parity[2];
+    RoleMask m_sides;
+    RoleMask m_pendingRoles = 0;
     Horizontal m_pending[2] = {Horizontal::None, Horizontal::None};
 };
 
-/// The parity of an operand far to the left of everything.
-Parity OuterParity(gpc_op operation, Role role);
-
 /// The class of the crossing of two edges that are neighbours, left before right.
-VertexClass ClassifyCrossing(gpc_op operation, const Edge& left, const Edge& right);
+VertexClass ClassifyCrossing(gpc_op operation, const Slot& left, const Slot& right);
+
+/// The class of an edge that gives way to the next one of its bound, with nothing else near.
+VertexClass ClassifySuccession(gpc_op operation, const Slot& slot);
 
 } // namespace geom::detail

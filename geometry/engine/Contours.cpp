@@ -110,7 +110,7 @@ void ChainForest::CopyVertices(const Chain& chain, gpc_vertex_list& contour) con
     }
 }
 
-void ContourOutput::BeginRow() {
+void ContourOutput::BeginRun() {
     m_carried = NO_OUTPUT;
     m_previousX = -std::numeric_limits<double>::max();
 }
@@ -130,74 +130,73 @@ void ContourOutput::AddCarriedRight(const gpc_vertex& point) {
     }
 }
 
-void ContourOutput::BeginAt(Edge& edge, const gpc_vertex& point) {
-    edge.outp[ABOVE] = m_chains.Begin(point);
+void ContourOutput::BeginAt(Slot& slot, const gpc_vertex& point) {
+    slot.outp[ABOVE] = m_chains.Begin(point);
 }
 
-void ContourOutput::AtBoundary(VertexClass vertexClass, Edge& edge, double yb) {
-    const gpc_vertex point = {edge.xb, yb};
+void ContourOutput::AtBoundary(VertexClass vertexClass, Slot& slot, const gpc_vertex& point) {
     switch (vertexClass) {
     case VertexClass::ExternalMinimum:
     case VertexClass::InternalMinimum:
-        BeginAt(edge, point);
+        BeginAt(slot, point);
         m_previousX = point.x;
-        m_carried = edge.outp[ABOVE];
+        m_carried = slot.outp[ABOVE];
         break;
     case VertexClass::ExternalRightIntermediate:
         AddCarriedRight(point);
-        edge.outp[ABOVE] = std::exchange(m_carried, NO_OUTPUT);
+        slot.outp[ABOVE] = std::exchange(m_carried, NO_OUTPUT);
         break;
     case VertexClass::InternalLeftIntermediate:
         AddCarriedLeft(point);
-        edge.outp[ABOVE] = std::exchange(m_carried, NO_OUTPUT);
+        slot.outp[ABOVE] = std::exchange(m_carried, NO_OUTPUT);
         break;
     case VertexClass::ExternalLeftIntermediate:
-        m_chains.AddLeft(edge.outp[BELOW], point);
+        m_chains.AddLeft(slot.outp[BELOW], point);
         m_previousX = point.x;
-        m_carried = edge.outp[BELOW];
+        m_carried = slot.outp[BELOW];
         break;
     case VertexClass::InternalRightIntermediate:
-        m_chains.AddRight(edge.outp[BELOW], point);
+        m_chains.AddRight(slot.outp[BELOW], point);
         m_previousX = point.x;
-        m_carried = std::exchange(edge.outp[BELOW], NO_OUTPUT);
+        m_carried = std::exchange(slot.outp[BELOW], NO_OUTPUT);
         break;
     case VertexClass::ExternalMaximum:
         AddCarriedLeft(point);
-        m_chains.MergeRight(m_carried, edge.outp[BELOW]);
+        m_chains.MergeRight(m_carried, slot.outp[BELOW]);
         m_carried = NO_OUTPUT;
         break;
     case VertexClass::InternalMaximum:
         AddCarriedRight(point);
-        m_chains.MergeLeft(m_carried, edge.outp[BELOW]);
+        m_chains.MergeLeft(m_carried, slot.outp[BELOW]);
         m_carried = NO_OUTPUT;
-        edge.outp[BELOW] = NO_OUTPUT;
+        slot.outp[BELOW] = NO_OUTPUT;
         break;
     case VertexClass::InternalMaximumAndMinimum:
         AddCarriedRight(point);
-        m_chains.MergeLeft(m_carried, edge.outp[BELOW]);
-        edge.outp[BELOW] = NO_OUTPUT;
-        BeginAt(edge, point);
-        m_carried = edge.outp[ABOVE];
+        m_chains.MergeLeft(m_carried, slot.outp[BELOW]);
+        slot.outp[BELOW] = NO_OUTPUT;
+        BeginAt(slot, point);
+        m_carried = slot.outp[ABOVE];
         break;
     case VertexClass::ExternalMaximumAndMinimum:
         AddCarriedLeft(point);
-        m_chains.MergeRight(m_carried, edge.outp[BELOW]);
-        edge.outp[BELOW] = NO_OUTPUT;
-        BeginAt(edge, point);
-        m_carried = edge.outp[ABOVE];
+        m_chains.MergeRight(m_carried, slot.outp[BELOW]);
+        slot.outp[BELOW] = NO_OUTPUT;
+        BeginAt(slot, point);
+        m_carried = slot.outp[ABOVE];
         break;
     case VertexClass::LeftEdge:
-        if (edge.bot.y == yb) {
-            m_chains.AddLeft(edge.outp[BELOW], point);
+        if (slot.bot.y == point.y) {
+            m_chains.AddLeft(slot.outp[BELOW], point);
         }
-        edge.outp[ABOVE] = edge.outp[BELOW];
+        slot.outp[ABOVE] = slot.outp[BELOW];
         m_previousX = point.x;
         break;
     case VertexClass::RightEdge:
-        if (edge.bot.y == yb) {
-            m_chains.AddRight(edge.outp[BELOW], point);
+        if (slot.bot.y == point.y) {
+            m_chains.AddRight(slot.outp[BELOW], point);
         }
-        edge.outp[ABOVE] = edge.outp[BELOW];
+        slot.outp[ABOVE] = slot.outp[BELOW];
         m_previousX = point.x;
         break;
     case VertexClass::Empty:
@@ -207,7 +206,16 @@ void ContourOutput::AtBoundary(VertexClass vertexClass, Edge& edge, double yb) {
     }
 }
 
-void ContourOutput::AtCrossing(VertexClass vertexClass, Edge& left, Edge& right,
+void ContourOutput::AtSuccession(VertexClass vertexClass, const Slot& slot,
+                                 const gpc_vertex& point) {
+    if (vertexClass == VertexClass::LeftEdge) {
+        m_chains.AddLeft(slot.outp[ABOVE], point);
+    } else if (vertexClass == VertexClass::RightEdge) {
+        m_chains.AddRight(slot.outp[ABOVE], point);
+    }
+}
+
+void ContourOutput::AtCrossing(VertexClass vertexClass, Slot& left, Slot& right,
                                const gpc_vertex& point) {
     OutputIndex& p = left.outp[ABOVE];
     OutputIndex& q = right.outp[ABOVE];

@@ -62,19 +62,29 @@ private:
 /// What each class of event does when contours are wanted.
 class ContourOutput {
 public:
-    void BeginRow();
-    void AtBoundary(VertexClass vertexClass, Edge& edge, double yb);
-    void AtCrossing(VertexClass vertexClass, Edge& left, Edge& right, const gpc_vertex& point);
+    /// The boundary walk need not know the boundaries of the interval in which a run of events
+    /// begins.
+    static constexpr bool NEEDS_INTERVALS = false;
+
+    /// Before each run of events on a scanline; nothing is carried across.
+    void BeginRun();
+    /// An event on the scanline.
+    void AtBoundary(VertexClass vertexClass, Slot& slot, const gpc_vertex& point);
+    /// A crossing of two edges that both carry an operand.
+    void AtCrossing(VertexClass vertexClass, Slot& left, Slot& right, const gpc_vertex& point);
+    /// An edge that gives way to the next one of its bound, with nothing else near.
+    void AtSuccession(VertexClass vertexClass, const Slot& slot, const gpc_vertex& point);
+
     gpc_polygon TakeResult() const { return m_chains.TakeResult(); }
 
 private:
     void AddCarriedLeft(const gpc_vertex& point);
     void AddCarriedRight(const gpc_vertex& point);
-    void BeginAt(Edge& edge, const gpc_vertex& point);
+    void BeginAt(Slot& slot, const gpc_vertex& point);
 
     ChainForest m_chains;
     OutputIndex m_carried = NO_OUTPUT; ///< the chain carried along a horizontal boundary
-    double m_previousX = 0.0;          ///< of the last output in this row
+    double m_previousX = 0.0;          ///< of the last output in this run
 };
 
 } // namespace geom::detail

@@ -11,50 +11,110 @@ namespace geom::detail {
 
 namespace {
 
-// Tails, and bundles that end at the bottom, have nothing to cross with.
-bool TakesPart(const Edge& edge) {
-    return edge.state == BundleState::Head || edge.CarriesAbove();
+constexpr std::uint32_t NO_SLOT = 0xFFFFFFFFU;
+
+// Tails of bundles cross nothing; their heads do it for them.
+bool TakesPart(const Slot& slot) {
+    return slot.state == BundleState::Head || slot.flags[ABOVE] != 0;
+}
+
+Slot* PreviousTakingPart(const Slot* slot) {
+    Slot* previous = slot->prev;
+    while (previous != nullptr && !TakesPart(*previous)) {
+        previous = previous->prev;
+    }
+    return previous;
+}
+
+Slot* TakingPartFrom(Slot* slot) {
+    while (slot != nullptr && !TakesPart(*slot)) {
+        slot = slot->next;
+    }
+    return slot;
+}
+
+bool AreAdjacent(const Crossing& crossing) {
+    return FirstOfBundle(crossing.right)->prev == crossing.left;
 }
 
 } // namespace
 
-// An insertion sort by x at the top: each edge met in the walk is compared with those already
-// there, from the right, and every edge that it has to pass is one that it crosses.
-void CrossingTable::Find(const ActiveEdges& active, double dy) {
+void CrossingTable::Find(Block<Slot*>& dirty, double yb, double yt, std::uint32_t row) {
     m_crossings.Clear();
-    m_sorted.Clear();
     m_deferred.Clear();
     m_next = 0;
-    for (Edge* edge = active.First(); edge != nullptr; edge = edge->next) {
-        if (TakesPart(*edge)) {
-            InsertSorted(edge, dy);
+    m_yb = yb;
+    m_yt = yt;
+    m_row = row;
+    std::sort(dirty.begin(), dirty.end(),
+              [](const Slot* a, const Slot* b) { return a->label < b->label; });
+    for (Slot* slot : dirty) {
+        Slot* first = TakingPartFrom(slot);
+        Slot* top = first != nullptr ? PreviousTakingPart(first) : nullptr;
+        if (top != nullptr && first->tableRow != m_row) {
+            SortStretch(first, top);
         }
     }
     OrderAsInserted(
-        m_crossings, [](const Crossing& a, const Crossing& b) { return a.y < b.y; },
+        m_crossings, m_scratch, [](const Crossing& a, const Crossing& b) { return a.y < b.y; },
         [](const Crossing& c) { return std::isnan(c.y); });
 }
 
-void CrossingTable::InsertSorted(Edge* edge, double dy) {
-    const SortedEdge item{edge, edge->xb, edge->xt, edge->dx};
-    m_sorted.Append(item);
-    std::uint64_t place = m_sorted.Count() - 1;
-    while (place > 0) {
-        const SortedEdge& other = m_sorted[place - 1];
-        const double den = (other.xt - other.xb) - (item.xt - item.xb);
-        const bool passes =
-            item.xt < other.xt && item.dx != other.dx && std::fabs(den) > GPC_EPSILON;
-        if (!passes) {
-            break;
-        }
-        const double r = (item.xb - other.xb) / den;
-        const double x = other.xb + r * (other.xt - other.xb);
-        const auto order = static_cast<std::uint32_t>(m_crossings.Count());
-        m_crossings.Append({x, r * dy, other.edge, edge, order});
-        m_sorted[place] = other;
-        --place;
+// Goes on until an edge passes nothing: from there on neighbours are in order again.
+void CrossingTable::SortStretch(Slot* slot, Slot* top) {
+    while (slot != nullptr && Insert(slot, top)) {
+        slot = TakingPartFrom(slot->next);
     }
-    m_sorted[place] = item;
+}
+
+// Inserts an edge into the sorted edge table, below all the edges that it passes. Returns
+// whether it passed any; otherwise it is the new top.
+bool CrossingTable::Insert(Slot* slot, Slot* top) {
+    Slot* passed = nullptr;
+    Slot* other = top;
+    while (other != nullptr && Passes(*slot, *other)) {
+        passed = other;
+        other = Below(other);
+    }
+    PlaceAbove(slot, other);
+    if (passed != nullptr) {
+        PlaceAbove(passed, slot);
+    }
+    return passed != nullptr;
+}
+
+// Whether the edge has to pass another one that stands before it; if so their crossing is
+// recorded.
+bool CrossingTable::Passes(const Slot& slot, const Slot& other) {
+    const double xt = slot.XAt(m_yt);
+    const double otherXt = other.XAt(m_yt);
+    if (!(xt < otherXt) || slot.dx == other.dx) {
+        return false;
+    }
+    const double xb = slot.XAt(m_yb);
+    const double otherXb = other.XAt(m_yb);
+    const double den = (otherXt - otherXb) - (xt - xb);
+    if (!(std::fabs(den) > GPC_EPSILON)) {
+        return false;
+    }
+    const double r = (xb - otherXb) / den;
+    const double x = otherXb + r * (otherXt - otherXb);
+    m_crossings.Append({x, r * (m_yt - m_yb), const_cast<Slot*>(&other), const_cast<Slot*>(&slot)});
+    return true;
+}
+
+// The neighbour below in the sorted edge table: as it was linked in this scanbeam, and else that
+// of the list.
+Slot* CrossingTable::Below(const Slot* slot) {
+    if (slot->tableRow != m_row) {
+        return PreviousTakingPart(slot);
+    }
+    return slot->below != NO_SLOT ? m_slots.At(slot->below) : nullptr;
+}
+
+void CrossingTable::PlaceAbove(Slot* slot, const Slot* below) {
+    slot->tableRow = m_row;
+    slot->below = below != nullptr ? below->number : NO_SLOT;
 }
 
 const Crossing* CrossingTable::Next() {
@@ -62,10 +122,8 @@ const Crossing* CrossingTable::Next() {
         return deferred;
     }
     for (; m_next < m_crossings.Count(); ++m_next) {
-        const Crossing& crossing = m_crossings[m_next];
-        if (ActiveEdges::AreAdjacent(crossing.left, crossing.right)) {
-            ++m_next;
-            return &crossing;
+        if (AreAdjacent(m_crossings[m_next])) {
+            return &m_crossings[m_next++];
         }
         m_deferred.Append(static_cast<std::uint32_t>(m_next));
     }
@@ -78,7 +136,7 @@ const Crossing* CrossingTable::Next() {
 const Crossing* CrossingTable::NextDeferred() {
     for (std::uint64_t i = 0; i < m_deferred.Count(); ++i) {
         const Crossing& crossing = m_crossings[m_deferred[i]];
-        if (ActiveEdges::AreAdjacent(crossing.left, crossing.right)) {
+        if (AreAdjacent(crossing)) {
             std::copy(m_deferred.begin() + i + 1, m_deferred.end(), m_deferred.begin() + i);
             m_deferred.Truncate(m_deferred.Count() - 1);
             return &crossing;

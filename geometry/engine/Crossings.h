@@ -3,10 +3,16 @@
 
 /// \file
 /// The crossings within one scanbeam.
+///
+/// They come out of an insertion sort by x at the top: each edge is compared with those before
+/// it, from the right, and crosses every edge that it has to pass, up to the first that it need
+/// not pass. Over a stretch of neighbours that are in order such a sort does nothing, so it is
+/// run only where neighbours are out of order; what stands left of a stretch is looked up in
+/// the list of active edges as the walk comes to it.
 
-#include "geometry/engine/ActiveEdges.h"
 #include "geometry/engine/Memory.h"
 #include "geometry/engine/Records.h"
+#include "geometry/engine/SlotPool.h"
 
 namespace geom::detail {
 
@@ -14,13 +20,11 @@ namespace geom::detail {
 struct Crossing {
     double x;
     double y; ///< measured from the bottom of the scanbeam
-    Edge* left;
-    Edge* right;
-    std::uint32_t order; ///< in which it was found
+    Slot* left;
+    Slot* right;
 };
 
-/// The intersection table of one scanbeam, and the order in which its crossings are to be
-/// processed.
+/// The intersection table of one scanbeam, and the order in which its crossings are processed.
 ///
 /// Sorted by computed y, the crossings of three or more edges through (nearly) one point can
 /// come in an order in which the next pair is not adjacent, and exchanging bundles that are not
@@ -28,30 +32,35 @@ struct Crossing {
 /// bundles are adjacent; almost always that is simply the next one.
 class CrossingTable {
 public:
-    CrossingTable()
-        : m_crossings("IT insertion"), m_sorted("ST insertion"), m_deferred("IT insertion") {}
+    explicit CrossingTable(SlotPool& slots)
+        : m_slots(slots), m_crossings("IT insertion"), m_scratch("IT insertion"),
+          m_deferred("IT insertion") {}
 
-    /// Finds the crossings of the active edges, whose xb and xt are set, in a scanbeam of height
-    /// dy, and puts them in ascending y; equal ones keep the order in which they were found.
-    void Find(const ActiveEdges& active, double dy);
+    /// Finds all crossings between two ordinates, in ascending y; equal ones keep the order in
+    /// which they were found. `dirty` holds the slots that end up left of their left neighbour;
+    /// it gets sorted.
+    void Find(Block<Slot*>& dirty, double yb, double yt, std::uint32_t row);
 
-    /// Takes the next crossing to be processed; null when all have been. Throws GPCException when
+    /// The next crossing to be processed; null when all have been. Throws GPCException when
     /// crossings are left and none of them joins adjacent bundles.
     const Crossing* Next();
 
 private:
-    struct SortedEdge {
-        Edge* edge;
-        double xb, xt, dx;
-    };
-
-    void InsertSorted(Edge* edge, double dy);
+    void SortStretch(Slot* slot, Slot* top);
+    bool Insert(Slot* slot, Slot* top);
+    bool Passes(const Slot& slot, const Slot& other);
+    Slot* Below(const Slot* slot);
+    void PlaceAbove(Slot* slot, const Slot* below);
     const Crossing* NextDeferred();
 
+    SlotPool& m_slots;
     Block<Crossing> m_crossings;
-    Block<SortedEdge> m_sorted;
+    Block<Crossing> m_scratch;
     Block<std::uint32_t> m_deferred; ///< passed over so far, in table order
     std::uint64_t m_next = 0;
+    double m_yb = 0.0;
+    double m_yt = 0.0;
+    std::uint32_t m_row = 0;
 };
 
 } // namespace geom::detail

@@ -63,6 +63,12 @@ public:
         return static_cast<Index>(m_count++);
     }
 
+    /// Unset storage for this many elements, at the start of the array; for scratch.
+    T* Space(std::uint64_t count) {
+        Reserve(count);
+        return m_data;
+    }
+
     /// Keeps the first elements only, and the storage.
     void Truncate(std::uint64_t count) { m_count = count; }
     void Clear() { m_count = 0; }

@@ -10,35 +10,35 @@ namespace {
 
 constexpr std::uint32_t SMALLEST_STRIP = 3;
 
-gpc_vertex PointOn(const Edge& edge, double y) {
-    return {XAt(edge, y), y};
+gpc_vertex PointOn(const Slot& slot, double y) {
+    return {slot.XOnLine(y), y};
 }
 
 // The nearest edges with an open strip on either side of a crossing bound the region that the
 // crossing lies in.
-Edge& PreviousLiveEdge(const Edge& left) {
-    Edge* edge = left.prev;
-    while (edge != nullptr && edge->outp[ABOVE] == NO_OUTPUT) {
-        edge = edge->prev;
+Slot& PreviousLiveEdge(const Slot& left) {
+    Slot* slot = left.prev;
+    while (slot != nullptr && slot->outp[ABOVE] == NO_OUTPUT) {
+        slot = slot->prev;
     }
-    if (edge == nullptr) {
+    if (slot == nullptr) {
         ThrowEngineError(LINE_NO_PREVIOUS_LIVE_EDGE);
     }
-    return *edge;
+    return *slot;
 }
 
-Edge& NextLiveEdge(const Edge& right) {
-    Edge* edge = right.next;
-    while (edge != nullptr && edge->outp[ABOVE] == NO_OUTPUT) {
-        edge = edge->next;
+Slot& NextLiveEdge(const Slot& right) {
+    Slot* slot = right.next;
+    while (slot != nullptr && slot->outp[ABOVE] == NO_OUTPUT) {
+        slot = slot->next;
     }
-    if (edge == nullptr) {
+    if (slot == nullptr) {
         ThrowEngineError(LINE_NO_NEXT_LIVE_EDGE);
     }
-    return *edge;
+    return *slot;
 }
 
-void MoveStrip(Edge& from, Edge& to) {
+void MoveStrip(Slot& from, Slot& to) {
     to.outp[ABOVE] = from.outp[ABOVE];
     from.outp[ABOVE] = NO_OUTPUT;
 }
@@ -51,7 +51,7 @@ OutputIndex StripList::Begin(const gpc_vertex& point) {
     return m_strips.Append({{{vertex, vertex}, {NONE, NONE}}, 1});
 }
 
-void StripList::Add(OutputIndex number, Parity side, const gpc_vertex& point) {
+void StripList::Add(OutputIndex number, End side, const gpc_vertex& point) {
     if (number == NO_OUTPUT) {
         ThrowEngineError(LINE_ADD_TO_NO_STRIP);
     }
@@ -90,128 +90,138 @@ void StripList::CopyVertices(const Strip& strip, gpc_vertex* out) const {
     }
 }
 
-void StripOutput::BeginRow() {
+void StripOutput::BeginRun() {
     m_carried = nullptr;
     m_lastLeft = LastLeft::None;
 }
 
-Edge& StripOutput::Carried() const {
+void StripOutput::CarryFrom(Slot& boundary, double x) {
+    Carry(boundary, x);
+    m_lastLeft = LastLeft::LeftEdge;
+}
+
+void StripOutput::Carry(Slot& slot, double x) {
+    m_carried = &slot;
+    m_carriedX = x;
+}
+
+Slot& StripOutput::Carried() const {
     if (m_carried == nullptr) {
         ThrowEngineError(LINE_NO_CARRIED_EDGE);
     }
     return *m_carried;
 }
 
-void StripOutput::Begin(Edge& edge, const gpc_vertex& point) {
-    edge.outp[ABOVE] = m_strips.Begin(point);
+void StripOutput::Begin(Slot& slot, const gpc_vertex& point) {
+    slot.outp[ABOVE] = m_strips.Begin(point);
 }
 
-void StripOutput::Add(const Edge& edge, Level level, Parity chain, const gpc_vertex& point) {
-    m_strips.Add(edge.outp[level], chain, point);
+void StripOutput::Add(const Slot& slot, Level level, End chain, const gpc_vertex& point) {
+    m_strips.Add(slot.outp[level], chain, point);
 }
 
-// At the carried edge's own x the strip already has this vertex.
-void StripOutput::AddUnlessAtCarried(const Edge& edge, Level level, const gpc_vertex& point) {
-    if (point.x != Carried().xb) {
-        Add(edge, level, RIGHT, point);
+// At the carried slot's own x the strip already has this vertex.
+void StripOutput::AddUnlessAtCarried(const Slot& slot, Level level, const gpc_vertex& point) {
+    Carried();
+    if (point.x != m_carriedX) {
+        Add(slot, level, RIGHT, point);
     }
 }
 
-// An edge ends the strip that a left edge has carried up to here:
+// An slot ends the strip that a left slot has carried up to here:
 //
-//      |  new   x              the strip is closed at the left edge and a new one begins there
+//      |  new   x              the strip is closed at the left slot and a new one begins there
 //     -|-------x x---
-//      | old  / . \            (an edge that starts here has its vertex already)
-void StripOutput::SplitAtCarriedLeftEdge(double yb) {
+//      | old  / . \            (an slot that starts here has its vertex already)
+void StripOutput::SplitAtCarriedLeftEdge(double y) {
     if (m_lastLeft != LastLeft::LeftEdge) {
         return;
     }
-    Edge& carried = Carried();
-    const gpc_vertex corner = {carried.xb, yb};
-    if (carried.bot.y != yb) {
+    Slot& carried = Carried();
+    const gpc_vertex corner = {m_carriedX, y};
+    if (carried.bot.y != y) {
         Add(carried, BELOW, LEFT, corner);
     }
     Begin(carried, corner);
 }
 
-void StripOutput::AtRightEdge(Edge& edge, const gpc_vertex& point) {
-    Edge& carried = Carried();
-    edge.outp[ABOVE] = carried.outp[ABOVE];
+void StripOutput::AtRightEdge(Slot& slot, const gpc_vertex& point) {
+    Slot& carried = Carried();
+    slot.outp[ABOVE] = carried.outp[ABOVE];
     if (m_lastLeft != LastLeft::LeftEdge) {
-        Add(edge, BELOW, RIGHT, point);
-        Add(edge, ABOVE, RIGHT, point);
+        Add(slot, BELOW, RIGHT, point);
+        Add(slot, ABOVE, RIGHT, point);
     } else if (carried.bot.y == point.y) {
-        Add(edge, BELOW, RIGHT, point);
-    } else if (edge.bot.y == point.y) {
-        Add(carried, BELOW, LEFT, {carried.xb, point.y});
-        Add(edge, BELOW, RIGHT, point);
+        Add(slot, BELOW, RIGHT, point);
+    } else if (slot.bot.y == point.y) {
+        Add(carried, BELOW, LEFT, {m_carriedX, point.y});
+        Add(slot, BELOW, RIGHT, point);
     }
     m_carried = nullptr;
 }
 
-void StripOutput::AtBoundary(VertexClass vertexClass, Edge& edge, double yb) {
-    const gpc_vertex point = {edge.xb, yb};
+void StripOutput::AtBoundary(VertexClass vertexClass, Slot& slot, const gpc_vertex& point) {
     switch (vertexClass) {
     case VertexClass::ExternalMinimum:
-        Begin(edge, point);
-        m_carried = &edge;
+        Begin(slot, point);
+        Carry(slot, point.x);
         break;
     case VertexClass::ExternalRightIntermediate:
-        edge.outp[ABOVE] = Carried().outp[ABOVE];
-        AddUnlessAtCarried(edge, ABOVE, point);
+        slot.outp[ABOVE] = Carried().outp[ABOVE];
+        AddUnlessAtCarried(slot, ABOVE, point);
         m_carried = nullptr;
         break;
     case VertexClass::ExternalLeftIntermediate:
-        Add(edge, BELOW, LEFT, point);
-        edge.outp[ABOVE] = NO_OUTPUT;
-        m_carried = &edge;
+        Add(slot, BELOW, LEFT, point);
+        slot.outp[ABOVE] = NO_OUTPUT;
+        Carry(slot, point.x);
         break;
     case VertexClass::ExternalMaximum:
-        AddUnlessAtCarried(edge, BELOW, point);
-        edge.outp[ABOVE] = NO_OUTPUT;
+        AddUnlessAtCarried(slot, BELOW, point);
+        slot.outp[ABOVE] = NO_OUTPUT;
         m_carried = nullptr;
         break;
     case VertexClass::InternalMinimum:
-        SplitAtCarriedLeftEdge(yb);
-        edge.outp[ABOVE] = Carried().outp[ABOVE];
-        Add(edge, ABOVE, RIGHT, point);
+        SplitAtCarriedLeftEdge(point.y);
+        slot.outp[ABOVE] = Carried().outp[ABOVE];
+        Add(slot, ABOVE, RIGHT, point);
         break;
     case VertexClass::InternalLeftIntermediate:
-        Begin(edge, point);
-        m_carried = &edge;
+        Begin(slot, point);
+        Carry(slot, point.x);
         m_lastLeft = LastLeft::InternalLeft;
         break;
     case VertexClass::InternalRightIntermediate:
-        SplitAtCarriedLeftEdge(yb);
-        Add(edge, BELOW, RIGHT, point);
-        edge.outp[ABOVE] = NO_OUTPUT;
+        SplitAtCarriedLeftEdge(point.y);
+        Add(slot, BELOW, RIGHT, point);
+        slot.outp[ABOVE] = NO_OUTPUT;
         break;
     case VertexClass::InternalMaximum:
-        Add(edge, BELOW, LEFT, point);
-        edge.outp[ABOVE] = NO_OUTPUT;
+        Add(slot, BELOW, LEFT, point);
+        slot.outp[ABOVE] = NO_OUTPUT;
         m_lastLeft = LastLeft::InternalMaximum;
         break;
     case VertexClass::InternalMaximumAndMinimum:
-        Add(edge, BELOW, LEFT, point);
-        edge.outp[ABOVE] = Carried().outp[ABOVE];
+        Add(slot, BELOW, LEFT, point);
+        slot.outp[ABOVE] = Carried().outp[ABOVE];
         AddUnlessAtCarried(*m_carried, ABOVE, point);
-        m_carried = &edge;
+        Carry(slot, point.x);
         break;
     case VertexClass::ExternalMaximumAndMinimum:
-        Add(edge, BELOW, RIGHT, point);
-        edge.outp[ABOVE] = NO_OUTPUT;
-        Begin(edge, point);
-        m_carried = &edge;
+        Add(slot, BELOW, RIGHT, point);
+        slot.outp[ABOVE] = NO_OUTPUT;
+        Begin(slot, point);
+        Carry(slot, point.x);
         break;
     case VertexClass::LeftEdge:
-        if (edge.bot.y == yb) {
-            Add(edge, BELOW, LEFT, point);
+        if (slot.bot.y == point.y) {
+            Add(slot, BELOW, LEFT, point);
         }
-        edge.outp[ABOVE] = edge.outp[BELOW];
-        m_carried = &edge;
+        slot.outp[ABOVE] = slot.outp[BELOW];
+        Carry(slot, point.x);
         m_lastLeft = LastLeft::LeftEdge;
         break;
-    case VertexClass::RightEdge: AtRightEdge(edge, point); break;
+    case VertexClass::RightEdge: AtRightEdge(slot, point); break;
     case VertexClass::Empty:
     case VertexClass::TopEdge:
     case VertexClass::BottomEdge:
@@ -219,20 +229,20 @@ void StripOutput::AtBoundary(VertexClass vertexClass, Edge& edge, double yb) {
     }
 }
 
-Edge& StripOutput::AddToPrevious(const Edge& left, double y) {
-    Edge& previous = PreviousLiveEdge(left);
+Slot& StripOutput::AddToPrevious(const Slot& left, double y) {
+    Slot& previous = PreviousLiveEdge(left);
     Add(previous, ABOVE, LEFT, PointOn(previous, y));
     return previous;
 }
 
-Edge& StripOutput::SplitPrevious(const Edge& left, double y) {
-    Edge& previous = AddToPrevious(left, y);
+Slot& StripOutput::SplitPrevious(const Slot& left, double y) {
+    Slot& previous = AddToPrevious(left, y);
     Begin(previous, PointOn(previous, y));
     return previous;
 }
 
-Edge& StripOutput::AddToNext(const Edge& right, double y) {
-    Edge& next = NextLiveEdge(right);
+Slot& StripOutput::AddToNext(const Slot& right, double y) {
+    Slot& next = NextLiveEdge(right);
     Add(next, ABOVE, RIGHT, PointOn(next, y));
     return next;
 }
@@ -240,13 +250,13 @@ Edge& StripOutput::AddToNext(const Edge& right, double y) {
 // A hole opens inside a region: below lies one strip, above one on each side of the hole.
 //
 //      |  .  \       /  .  |
-//      |previous\   / next |     the next live edge gets its vertex twice: on the strip that
+//      |previous\   / next |     the next live slot gets its vertex twice: on the strip that
 //      |  .     \ /     .  |      it carried up to here and on the one that it is given here
 //      x---------x--------x
 //      |  .   below     . |
-void StripOutput::OpenHole(Edge& left, Edge& right, const gpc_vertex& point) {
-    Edge& previous = SplitPrevious(left, point.y);
-    Edge& next = AddToNext(right, point.y);
+void StripOutput::OpenHole(Slot& left, Slot& right, const gpc_vertex& point) {
+    Slot& previous = SplitPrevious(left, point.y);
+    Slot& next = AddToNext(right, point.y);
     right.outp[ABOVE] = previous.outp[ABOVE];
     Add(right, ABOVE, RIGHT, point);
     Begin(left, point);
@@ -255,17 +265,17 @@ void StripOutput::OpenHole(Edge& left, Edge& right, const gpc_vertex& point) {
 }
 
 // A hole closes: the strips on its two sides end, and one begins above. As where a hole opens,
-// the next live edge gets its vertex twice.
-void StripOutput::CloseHole(Edge& left, Edge& right, double y) {
+// the next live slot gets its vertex twice.
+void StripOutput::CloseHole(Slot& left, Slot& right, double y) {
     left.outp[ABOVE] = NO_OUTPUT;
     right.outp[ABOVE] = NO_OUTPUT;
-    Edge& previous = SplitPrevious(left, y);
-    Edge& next = AddToNext(right, y);
+    Slot& previous = SplitPrevious(left, y);
+    Slot& next = AddToNext(right, y);
     next.outp[ABOVE] = previous.outp[ABOVE];
     Add(next, ABOVE, RIGHT, PointOn(next, y));
 }
 
-void StripOutput::AtCrossing(VertexClass vertexClass, Edge& left, Edge& right,
+void StripOutput::AtCrossing(VertexClass vertexClass, Slot& left, Slot& right,
                              const gpc_vertex& point) {
     const double y = point.y;
     const bool p = left.outp[ABOVE] != NO_OUTPUT;

@@ -19,7 +19,7 @@ public:
     /// Begins a strip with one vertex in its left chain.
     OutputIndex Begin(const gpc_vertex& point);
     /// Adds a vertex at the end of a chain. Throws GPCException for NO_OUTPUT.
-    void Add(OutputIndex strip, Parity chain, const gpc_vertex& point);
+    void Add(OutputIndex strip, End chain, const gpc_vertex& point);
 
     /// Makes a record of all strips of three or more vertices, in order of creation. Vertices
     /// alternate between left and right chain; the surplus of the longer one comes last. The
@@ -39,7 +39,7 @@ private:
     };
 
     struct Strip {
-        Chain chain[2]; ///< [Parity]
+        Chain chain[2]; ///< [End]
         std::uint32_t count;
     };
 
@@ -56,28 +56,39 @@ private:
 /// that passes through the scanline decides how a strip is split there.
 class StripOutput {
 public:
-    void BeginRow();
-    void AtBoundary(VertexClass vertexClass, Edge& edge, double yb);
-    void AtCrossing(VertexClass vertexClass, Edge& left, Edge& right, const gpc_vertex& point);
+    /// The two boundaries of an interval share a strip, so an event inside it involves both.
+    static constexpr bool NEEDS_INTERVALS = true;
+
+    /// Before each run of events on a scanline; nothing is carried across.
+    void BeginRun();
+    /// The run begins inside the result: this edge is the left boundary there.
+    void CarryFrom(Slot& boundary, double x);
+    /// An event on the scanline, or the right boundary of the interval in which a run ends.
+    void AtBoundary(VertexClass vertexClass, Slot& slot, const gpc_vertex& point);
+    /// A crossing of two edges that both carry an operand.
+    void AtCrossing(VertexClass vertexClass, Slot& left, Slot& right, const gpc_vertex& point);
+
     gpc_tristrip TakeResult() const { return m_strips.TakeResult(); }
 
 private:
     enum class LastLeft : std::uint8_t { None, LeftEdge, InternalLeft, InternalMaximum };
 
-    Edge& Carried() const;
-    void Begin(Edge& edge, const gpc_vertex& point);
-    void Add(const Edge& edge, Level level, Parity chain, const gpc_vertex& point);
-    void AddUnlessAtCarried(const Edge& edge, Level level, const gpc_vertex& point);
+    void Carry(Slot& slot, double x);
+    Slot& Carried() const;
+    void Begin(Slot& slot, const gpc_vertex& point);
+    void Add(const Slot& slot, Level level, End chain, const gpc_vertex& point);
+    void AddUnlessAtCarried(const Slot& slot, Level level, const gpc_vertex& point);
     void SplitAtCarriedLeftEdge(double yb);
-    void AtRightEdge(Edge& edge, const gpc_vertex& point);
-    Edge& AddToPrevious(const Edge& left, double y);
-    Edge& SplitPrevious(const Edge& left, double y);
-    Edge& AddToNext(const Edge& right, double y);
-    void OpenHole(Edge& left, Edge& right, const gpc_vertex& point);
-    void CloseHole(Edge& left, Edge& right, double y);
+    void AtRightEdge(Slot& slot, const gpc_vertex& point);
+    Slot& AddToPrevious(const Slot& left, double y);
+    Slot& SplitPrevious(const Slot& left, double y);
+    Slot& AddToNext(const Slot& right, double y);
+    void OpenHole(Slot& left, Slot& right, const gpc_vertex& point);
+    void CloseHole(Slot& left, Slot& right, double y);
 
     StripList m_strips;
-    Edge* m_carried = nullptr;
+    Slot* m_carried = nullptr;
+    double m_carriedX = 0.0; ///< its x on the scanline
     LastLeft m_lastLeft = LastLeft::None;
 };
 

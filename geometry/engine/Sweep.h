@@ -2,107 +2,146 @@
 #pragma once
 
 /// \file
-/// The sweep over the scanbeams, from the lowest ordinate to the highest.
+/// The sweep from the lowest ordinate to the highest.
 ///
-/// Inside a scanbeam no edge begins or ends, so everything happens in two places: on the
-/// scanline at its bottom, where bounds begin, bend and end (the boundary), and where two edges
-/// exchange places (a crossing). Each such event is classified by where the result is inside
-/// around it, and the class is all that the output is told:
-///
-///     BeginRow()                          before the events of a scanline, left to right
-///     AtBoundary(class, edge, yb)         an event on the scanline
-///     AtCrossing(class, left, right, p)   a crossing of two edges that both carry an operand
+/// Between two rows no edge begins or ends, so everything happens in two places: on the
+/// scanline of a row, where bounds begin, bend and end (the boundary), and between two rows,
+/// where two edges exchange places (a crossing). Each such event is classified by where the
+/// result is inside around it, and the class is all that the output is told.
 ///
 /// After Vatti, "A generic solution to polygon clipping", Communications of the ACM 35 (1992).
 
-#include "geometry/engine/ActiveEdges.h"
-#include "geometry/engine/Bounds.h"
 #include "geometry/engine/Classification.h"
-#include "geometry/engine/Crossings.h"
-#include "geometry/engine/Scanbeams.h"
+#include "geometry/engine/SweepLine.h"
 
 namespace geom::detail {
 
-/// What a run sweeps over: the edges of both operands, their minima and their ordinates.
-struct SweepInput {
-    Bounds subject;
-    Bounds clip;
-    LocalMinima minima;
-    Scanbeams scanbeams;
-};
-
-/// One run over an output, which is told of every event that has a class.
+/// One run over an output, ContourOutput or StripOutput, which is told of every event.
 template <typename Output>
 class Sweep {
 public:
     Sweep(gpc_op operation, const SweepInput& input, Output& output)
-        : m_operation(operation), m_input(input), m_output(output),
-          m_nextMinimum(input.minima.begin()) {}
+        : m_operation(operation), m_output(output), m_line(input), m_classifier(operation) {}
 
     void Run() {
-        const std::uint64_t count = m_input.scanbeams.Count();
-        for (std::uint64_t i = 0; i < count; ++i) {
-            const double yb = m_input.scanbeams[i];
-            StartBounds(yb);
-            m_active.FormBundles(yb);
-            ProcessBoundary(yb);
-            m_active.RemoveEnded(yb);
-            if (i + 1 < count) {
-                const double yt = m_input.scanbeams[i + 1];
-                m_active.ProjectTo(yt);
-                ProcessCrossings(yb, yt - yb);
-                m_active.Advance(yt);
+        while (m_line.Rise()) {
+            ProcessCrossings();
+            if (!ProcessSuccession()) {
+                m_line.FindEvents();
+                ProcessRow();
+                m_line.EndRow();
             }
         }
     }
 
 private:
-    void StartBounds(double yb) {
-        const LocalMinimum* first = m_nextMinimum;
-        while (m_nextMinimum != m_input.minima.end() && m_nextMinimum->y == yb) {
-            ++m_nextMinimum;
-        }
-        m_active.Insert(first, m_nextMinimum);
-    }
-
-    void ProcessBoundary(double yb) {
-        RowClassifier classifier(m_operation);
-        m_output.BeginRow();
-        for (Edge* edge = m_active.First(); edge != nullptr; edge = edge->next) {
-            if (RowClassifier::IsEvent(*edge)) {
-                m_output.AtBoundary(classifier.Classify(*edge), *edge, yb);
-            }
-        }
-    }
-
     // Edges exchange places at every crossing, whether or not it means anything to the result.
-    void ProcessCrossings(double yb, double dy) {
-        m_crossings.Find(m_active, dy);
-        while (const Crossing* crossing = m_crossings.Next()) {
-            Edge& left = *crossing->left;
-            Edge& right = *crossing->right;
-            if (left.CarriesAbove() && right.CarriesAbove()) {
+    void ProcessCrossings() {
+        while (const Crossing* crossing = m_line.NextCrossing()) {
+            Slot& left = *crossing->left;
+            Slot& right = *crossing->right;
+            if (left.flags[ABOVE] != 0 && right.flags[ABOVE] != 0) {
                 m_output.AtCrossing(ClassifyCrossing(m_operation, left, right), left, right,
-                                    {crossing->x, crossing->y + yb});
+                                    {crossing->x, crossing->y + m_line.PreviousY()});
             }
-            FlipSides(left, right);
-            m_active.SwapBundles(&left, &right);
+            m_line.Exchange(*crossing);
         }
     }
 
-    static void FlipSides(Edge& left, Edge& right) {
-        for (unsigned role = CLIP; role <= SUBJECT; ++role) {
-            right.side[role] ^= left.bundle[ABOVE][role];
-            left.side[role] ^= right.bundle[ABOVE][role];
+    // Most rows of a drawing hold nothing but one edge that gives way to the next.
+    bool ProcessSuccession() {
+        if constexpr (!Output::NEEDS_INTERVALS) {
+            if (const Slot* slot = m_line.TakeSuccession()) {
+                m_output.AtSuccession(ClassifySuccession(m_operation, *slot), *slot,
+                                      {slot->bot.x, m_line.Y()});
+                return true;
+            }
+        }
+        return false;
+    }
+
+    // Each run of events is walked from its first slot for as long as it goes on, or a
+    // horizontal is pending, through slots that are no events as well.
+    void ProcessRow() {
+        const Block<Slot*>& events = m_line.Events();
+        for (std::uint64_t next = 0; next < events.Count();) {
+            StartRun(*events[next]);
+            for (Slot* slot = events[next]; slot != nullptr; slot = NextInRun(*slot)) {
+                if (m_line.IsEvent(*slot)) {
+                    ++next;
+                } else {
+                    RowEvents::Renew(*slot);
+                }
+                ProcessEvent(*slot);
+            }
         }
     }
+
+    void StartRun(const Slot& slot) {
+        m_output.BeginRun();
+        m_classifier.StartBehind(slot.prev);
+        if constexpr (Output::NEEDS_INTERVALS) {
+            if (m_classifier.IsInside()) {
+                CarryLeftBoundary(slot.prev);
+            }
+        }
+    }
+
+    void ProcessEvent(Slot& slot) {
+        const VertexClass vertexClass = m_classifier.Classify(slot);
+        if (HasAction(vertexClass)) {
+            m_output.AtBoundary(vertexClass, slot, PointOnRow(slot));
+        }
+    }
+
+    Slot* NextInRun(const Slot& slot) {
+        Slot* next = slot.next;
+        if (next == nullptr || m_line.IsEvent(*next) || m_classifier.HasPending()) {
+            return next;
+        }
+        if constexpr (Output::NEEDS_INTERVALS) {
+            if (m_classifier.IsInside()) {
+                return EndInterval(next);
+            }
+        }
+        return nullptr;
+    }
+
+    // The left boundary of the interval in which a run begins hands its strip to the run.
+    void CarryLeftBoundary(Slot* slot) {
+        while (slot != nullptr && IsInside(m_operation, slot->sides)) {
+            slot = slot->prev;
+        }
+        if (slot != nullptr) {
+            RowEvents::Renew(*slot);
+            slot->outp[ABOVE] = slot->outp[BELOW];
+            m_output.CarryFrom(*slot, slot->XAt(m_line.Y()));
+        }
+    }
+
+    // The right boundary of the interval in which a run ends takes over its strip, unless an
+    // event comes first: then the run goes on there.
+    Slot* EndInterval(Slot* slot) {
+        while (slot != nullptr && !m_line.IsEvent(*slot)) {
+            if (!IsInside(m_operation, static_cast<RoleMask>(slot->sides ^ slot->flags[ABOVE]))) {
+                RowEvents::Renew(*slot);
+                m_output.AtBoundary(VertexClass::RightEdge, *slot, PointOnRow(*slot));
+                return nullptr;
+            }
+            slot = slot->next;
+        }
+        if (slot != nullptr) {
+            m_classifier.StartBehind(slot->prev);
+        }
+        return slot;
+    }
+
+    gpc_vertex PointOnRow(const Slot& slot) const { return {slot.XAt(m_line.Y()), m_line.Y()}; }
 
     gpc_op m_operation;
-    const SweepInput& m_input;
     Output& m_output;
-    const LocalMinimum* m_nextMinimum;
-    ActiveEdges m_active;
-    CrossingTable m_crossings;
+    SweepLine m_line;
+    RowClassifier m_classifier;
 };
 
 } // namespace geom::detail

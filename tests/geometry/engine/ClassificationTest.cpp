@@ -82,26 +82,23 @@ bool HasAction(unsigned vertexClass) {
     return vertexClass != 0 && vertexClass != 3 && vertexClass != 12 && vertexClass != 15;
 }
 
-Edge EventEdge(const EventState& clip, const EventState& subject) {
-    Edge edge{};
-    edge.bundle[ABOVE][CLIP] = static_cast<std::uint8_t>(clip.above);
-    edge.bundle[BELOW][CLIP] = static_cast<std::uint8_t>(clip.below);
-    edge.bundle[ABOVE][SUBJECT] = static_cast<std::uint8_t>(subject.above);
-    edge.bundle[BELOW][SUBJECT] = static_cast<std::uint8_t>(subject.below);
-    return edge;
+Slot EventSlot(const EventState& clip, const EventState& subject) {
+    Slot slot{};
+    slot.flags[ABOVE] = static_cast<RoleMask>(clip.above << CLIP | subject.above << SUBJECT);
+    slot.flags[BELOW] = static_cast<RoleMask>(clip.below << CLIP | subject.below << SUBJECT);
+    return slot;
 }
 
-// Brings a fresh classifier to a parity and a pending horizontal of one operand: an edge that
-// passes through turns the parity; an edge above only, or below only, leaves a horizontal
-// pending.
+// Brings a classifier to a parity and a pending horizontal of one operand: an edge that passes
+// through turns the parity; an edge above only leaves a horizontal pending.
 void Prepare(RowClassifier& classifier, gpc_op operation, Role role, const EventState& wanted) {
     const auto step = [&](unsigned above, unsigned below) {
         const EventState none = {0, 0, 0, 0};
         const EventState event = {above, below, 0, 0};
-        Edge edge = role == CLIP ? EventEdge(event, none) : EventEdge(none, event);
-        classifier.Classify(edge);
+        Slot slot = role == CLIP ? EventSlot(event, none) : EventSlot(none, event);
+        classifier.Classify(slot);
     };
-    unsigned parity = OuterParity(operation, role);
+    unsigned parity = OuterSides(operation) >> role & 1U;
     if (wanted.horizontal != 0) {
         step(1, 0);
         parity ^= 1U;
@@ -109,6 +106,11 @@ void Prepare(RowClassifier& classifier, gpc_op operation, Role role, const Event
     if (parity != wanted.parity) {
         step(1, 1);
     }
+}
+
+// An edge on one side only ends a pending horizontal, or begins one.
+bool HasPendingBehind(const EventState& event) {
+    return (event.horizontal != 0) != (event.above != event.below);
 }
 
 TEST(RowClassifier, EveryStateOfBothOperandsGivesTheQuadrantsOfTheResult) {
@@ -121,12 +123,13 @@ TEST(RowClassifier, EveryStateOfBothOperandsGivesTheQuadrantsOfTheResult) {
                 RowClassifier classifier(operation);
                 Prepare(classifier, operation, CLIP, clip);
                 Prepare(classifier, operation, SUBJECT, subject);
-                Edge edge = EventEdge(clip, subject);
-                const auto vertexClass = static_cast<unsigned>(classifier.Classify(edge));
+                Slot slot = EventSlot(clip, subject);
+                const auto vertexClass = static_cast<unsigned>(classifier.Classify(slot));
                 EXPECT_EQ(vertexClass, ExpectedClass(operation, clip, subject))
                     << operation << " " << c << " " << s;
-                EXPECT_EQ(edge.side[CLIP], clip.parity);
-                EXPECT_EQ(edge.side[SUBJECT], subject.parity);
+                EXPECT_EQ(slot.sides, clip.parity << CLIP | subject.parity << SUBJECT);
+                EXPECT_EQ(classifier.HasPending(),
+                          HasPendingBehind(clip) || HasPendingBehind(subject));
                 ++states;
             }
         }
@@ -150,29 +153,47 @@ TEST(RowClassifier, AnEdgeThatDoesNotContributeGetsAClassWithoutAnAction) {
     EXPECT_GT(silent, 100);
 }
 
+TEST(RowClassifier, StartsWithTheParitiesBehindASlot) {
+    RowClassifier classifier(GPC_DIFF);
+    EXPECT_FALSE(classifier.IsInside());
+    Slot slot = EventSlot({0, 0, 0, 0}, {1, 1, 0, 0});
+    slot.sides = 1U << CLIP;
+    classifier.StartBehind(&slot);
+    EXPECT_TRUE(classifier.IsInside()) << "inside the subject and outside the clip";
+    classifier.StartBehind(nullptr);
+    EXPECT_FALSE(classifier.IsInside());
+}
+
 TEST(ClassifyCrossing, TwoEdgesOfOneOperandAlone) {
-    // Inside between the two edges: below the crossing lies the inside, the crossing closes it.
-    Edge left = EventEdge({0, 0, 0, 0}, {1, 0, 0, 0});
-    Edge right = left;
-    left.side[SUBJECT] = LEFT;
-    right.side[SUBJECT] = RIGHT;
+    // Inside lies between the two edges below the crossing, and again above it.
+    Slot left = EventSlot({0, 0, 0, 0}, {1, 0, 0, 0});
+    Slot right = left;
+    left.sides = 0;
+    right.sides = 1U << SUBJECT;
     EXPECT_EQ(ClassifyCrossing(GPC_UNION, left, right), VertexClass::ExternalMaximumAndMinimum);
-    left.side[SUBJECT] = RIGHT;
-    right.side[SUBJECT] = LEFT;
+    left.sides = 1U << SUBJECT;
+    right.sides = 0;
     EXPECT_EQ(ClassifyCrossing(GPC_UNION, left, right), VertexClass::InternalMaximumAndMinimum);
 }
 
-TEST(ClassifyCrossing, EdgesOfBothOperands) {
-    // The left edge of the clip operand meets the left edge of the subject, from the left.
-    Edge left = EventEdge({1, 0, 0, 0}, {0, 0, 0, 0});
-    Edge right = EventEdge({0, 0, 0, 0}, {1, 0, 0, 0});
-    left.side[CLIP] = LEFT;
-    left.side[SUBJECT] = LEFT;
-    right.side[CLIP] = RIGHT;
-    right.side[SUBJECT] = LEFT;
-    EXPECT_EQ(ClassifyCrossing(GPC_INT, left, right), VertexClass::ExternalLeftIntermediate)
-        << "the result's boundary goes on along the other edge";
+TEST(ClassifyCrossing, LeftEdgesOfBothOperands) {
+    // Inside the clip lies right of the left edge, inside the subject right of the right one.
+    Slot left = EventSlot({1, 0, 0, 0}, {0, 0, 0, 0});
+    Slot right = EventSlot({0, 0, 0, 0}, {1, 0, 0, 0});
+    left.sides = 0;
+    right.sides = 1U << CLIP;
+    EXPECT_EQ(ClassifyCrossing(GPC_INT, left, right), VertexClass::ExternalLeftIntermediate);
     EXPECT_EQ(ClassifyCrossing(GPC_UNION, left, right), VertexClass::InternalLeftIntermediate);
+}
+
+TEST(ClassifySuccession, IsABoundaryOnlyWhereTheResultChanges) {
+    Slot slot = EventSlot({0, 0, 0, 0}, {1, 1, 0, 0});
+    slot.sides = 1U << CLIP;
+    EXPECT_EQ(ClassifySuccession(GPC_INT, slot), VertexClass::LeftEdge);
+    EXPECT_EQ(ClassifySuccession(GPC_UNION, slot), VertexClass::Full);
+    EXPECT_EQ(ClassifySuccession(GPC_XOR, slot), VertexClass::RightEdge);
+    slot.sides = 0;
+    EXPECT_EQ(ClassifySuccession(GPC_INT, slot), VertexClass::Empty);
 }
 
 } // namespace

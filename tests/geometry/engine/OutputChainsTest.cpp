@@ -115,24 +115,31 @@ TEST(ChainForest, WorkOnNothingIsAnEngineError) {
     expect([&] { chains.MergeRight(chain, NO_OUTPUT); }, LINE_MERGE_WITH_NOTHING);
 }
 
+Slot SlotWithoutOutput() {
+    Slot slot{};
+    slot.outp[ABOVE] = slot.outp[BELOW] = NO_OUTPUT;
+    return slot;
+}
+
 TEST(StripOutput, EventsThatNeedACarriedEdgeAreEngineErrorsWithoutOne) {
     for (const VertexClass c :
          {VertexClass::ExternalMaximum, VertexClass::ExternalRightIntermediate,
           VertexClass::InternalMinimum, VertexClass::RightEdge}) {
         StripOutput output;
-        Edge edge{};
-        edge.outp[ABOVE] = edge.outp[BELOW] = NO_OUTPUT;
-        output.BeginRow();
-        ExpectError([&] { output.AtBoundary(c, edge, 0); }, "GPC Library", "Gpc",
-                    LINE_NO_CARRIED_EDGE);
+        Slot slot = SlotWithoutOutput();
+        output.BeginRun();
+        ExpectError(
+            [&] {
+                output.AtBoundary(c, slot, {0, 0});
+            },
+            "GPC Library", "Gpc", LINE_NO_CARRIED_EDGE);
     }
 }
 
 TEST(StripOutput, CrossingWithoutLiveNeighboursIsAnEngineError) {
     StripOutput output;
-    Edge left{};
-    Edge right{};
-    left.outp[ABOVE] = right.outp[ABOVE] = NO_OUTPUT;
+    Slot left = SlotWithoutOutput();
+    Slot right = SlotWithoutOutput();
     left.next = &right;
     right.prev = &left;
     ExpectError(

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "geometry/engine/Memory.h"
+
+namespace geom::detail {
+
+/// A binary min-heap of items with a member `y`.
+template <typename T>
+class Heap {
+public:
+    explicit Heap(const char* reason) : m_items(reason) {}
+
+    bool IsEmpty() const { return m_items.IsEmpty(); }
+    const T& Top() const { return m_items[0]; }
+
+    /// Whether an item other than the top has the same y or a smaller one than this.
+    bool HasSecondAtOrBelow(double y) const {
+        return (m_items.Count() > 1 && m_items[1].y <= y) ||
+               (m_items.Count() > 2 && m_items[2].y <= y);
+    }
+
+    void Push(const T& item) {
+        m_items.Append(item);
+        Lift(m_items.Count() - 1, item);
+    }
+
+    void Pop() {
+        const T last = m_items[m_items.Count() - 1];
+        m_items.Truncate(m_items.Count() - 1);
+        if (!m_items.IsEmpty()) {
+            ReplaceTop(last);
+        }
+    }
+
+    /// Replaces the top: the hole sinks to the bottom along the smaller children, and the item
+    /// rises from there, since it mostly belongs near the bottom.
+    void ReplaceTop(const T& item) {
+        const std::uint64_t count = m_items.Count();
+        std::uint64_t hole = 0;
+        for (std::uint64_t child = 1; child < count; child = 2 * hole + 1) {
+            if (child + 1 < count) {
+                child += m_items[child + 1].y < m_items[child].y ? 1U : 0U;
+            }
+            m_items[hole] = m_items[child];
+            hole = child;
+        }
+        Lift(hole, item);
+    }
+
+private:
+    void Lift(std::uint64_t hole, const T& item) {
+        while (hole > 0) {
+            const std::uint64_t parent = (hole - 1) / 2;
+            if (!(item.y < m_items[parent].y)) {
+                break;
+            }
+            m_items[hole] = m_items[parent];
+            hole = parent;
+        }
+        m_items[hole] = item;
+    }
+
+    Block<T> m_items;
+};
+
+} // namespace geom::detail

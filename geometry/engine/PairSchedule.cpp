@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "geometry/engine/PairSchedule.h"
+
+#include <algorithm>
+
+namespace geom::detail {
+
+namespace {
+
+constexpr double ROUNDING = 0x1p-40; // far more than the roundings of one quotient
+
+} // namespace
+
+double PairSchedule::GapOf(const Slot& left, const Slot& right, double y) {
+    return right.XAt(y) - left.XAt(y) - (left.error + right.error + 2 * GPC_EPSILON);
+}
+
+void PairSchedule::Examine(Slot* slot, double y, std::uint32_t row, Block<Slot*>& dirty) {
+    if (slot->XAt(y) < slot->prev->XAt(y)) {
+        dirty.Append(slot);
+    }
+    Touch(slot, row);
+}
+
+void PairSchedule::TakeDue(double y, std::uint32_t row, Block<Slot*>& dirty) {
+    for (Slot* slot : m_always) {
+        Examine(slot, y, row, dirty);
+    }
+    m_always.Clear();
+    while (!m_checks.IsEmpty() && m_checks.Top().y <= y) {
+        const Check check = m_checks.Top();
+        m_checks.Pop();
+        if (check.version == check.slot->version) {
+            Examine(check.slot, y, row, dirty);
+        }
+    }
+}
+
+void PairSchedule::ScheduleTouched(double y) {
+    for (Slot* slot : m_touched) {
+        if (!slot->ended) {
+            Schedule(*slot, y);
+        }
+    }
+    m_touched.Clear();
+}
+
+// Edges of a bundle with the same two ends stay together until they end: the pair inside needs
+// no attention.
+void PairSchedule::Schedule(Slot& slot, double y) {
+    ++slot.version;
+    const Slot* left = slot.prev;
+    if (left == nullptr || (left->state == BundleState::Tail && SameEnds(*left, slot))) {
+        return;
+    }
+    const double gap = GapOf(*left, slot, y);
+    if (gap > 0 && !m_checkAlways) {
+        const double closing = left->dx - slot.dx;
+        const double height = std::min(left->top.y, slot.top.y) - y;
+        if (closing <= 0 || gap >= closing * height * (1 + ROUNDING)) {
+            return;
+        }
+        const double check = y + gap / closing * (1 - ROUNDING);
+        if (check > y) {
+            m_checks.Push({check, &slot, slot.version});
+            return;
+        }
+    }
+    m_always.Append(&slot);
+}
+
+} // namespace geom::detail

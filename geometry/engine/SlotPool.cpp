@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "geometry/engine/SlotPool.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace geom::detail {
+
+namespace {
+
+// An x computed inside an edge's span differs from the exact line through its ends by at most
+// 2^-50 of the larger end: three roundings, each 2^-53 of at most twice that end, and the
+// rounding of the slope. Four times that leaves room for the sum of two such errors, twice.
+constexpr double RELATIVE_ERROR = 0x1p-48;
+
+void SetEdge(Slot& slot, const gpc_vertex& bot, const gpc_vertex& top) {
+    slot.bot = bot;
+    slot.top = top;
+    slot.dx = Slope(bot, top);
+    slot.error = RELATIVE_ERROR * std::max(std::fabs(bot.x), std::fabs(top.x));
+}
+
+} // namespace
+
+SlotPool::~SlotPool() {
+    for (Slot* chunk : m_chunks) {
+        GpcFree(chunk);
+    }
+}
+
+Slot* SlotPool::Fresh() {
+    if (m_used % CHUNK == 0) {
+        m_chunks.Reserve(m_chunks.Count() + 1); // so that the append cannot fail
+        m_chunks.Append(static_cast<Slot*>(
+            GpcAlloc(CHUNK * sizeof(Slot), ENGINE_FILE, LINE_ALLOCATE_RUN, "edge table creation")));
+    }
+    Slot* slot = At(m_used);
+    *slot = Slot{};
+    slot->number = m_used++;
+    return slot;
+}
+
+Slot* SlotPool::Acquire(const LocalMinimum& minimum, const gpc_vertex* ring,
+                        std::uint32_t ringSize) {
+    Slot* slot = m_free;
+    if (slot != nullptr) {
+        m_free = slot->next;
+    } else {
+        slot = Fresh();
+    }
+    slot->ring = ring;
+    slot->ringSize = ringSize;
+    slot->forward = minimum.forward;
+    slot->topVertex = NextVertex(minimum.vertex, ringSize, minimum.forward);
+    SetEdge(*slot, ring[minimum.vertex], ring[slot->topVertex]);
+    slot->outp[ABOVE] = slot->outp[BELOW] = NO_OUTPUT;
+    slot->flags[ABOVE] = slot->flags[BELOW] = 0;
+    slot->sides = 0;
+    slot->role = minimum.role;
+    slot->state = BundleState::Unbundled;
+    slot->ended = false;
+    slot->eventRow = slot->touchRow = slot->tableRow = 0;
+    return slot;
+}
+
+void SlotPool::Release(Slot* slot) {
+    ++slot->version; // what is still scheduled for it means nothing any more
+    slot->next = m_free;
+    m_free = slot;
+}
+
+bool SlotPool::LoadNextEdge(Slot& slot) {
+    const std::uint32_t next = NextVertex(slot.topVertex, slot.ringSize, slot.forward);
+    const gpc_vertex& bot = slot.ring[slot.topVertex];
+    const gpc_vertex& top = slot.ring[next];
+    if (!(top.y > bot.y)) {
+        return false;
+    }
+    slot.topVertex = next;
+    SetEdge(slot, bot, top);
+    return true;
+}
+
+} // namespace geom::detail

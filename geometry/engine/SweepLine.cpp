@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "geometry/engine/SweepLine.h"
+
+#include "geometry/engine/Lines.h"
+
+#include <limits>
+
+namespace geom::detail {
+
+SweepLine::SweepLine(const SweepInput& input)
+    : m_input(input), m_nextMinimum(input.minima.begin()), m_tops("sbt creation"),
+      m_schedule(input.minima.MayOverflow()), m_insertion(m_active, input.minima.MayOverflow()),
+      m_crossings(m_slots), m_dirty("ST insertion") {}
+
+bool SweepLine::Rise() {
+    const bool hasMinimum = m_nextMinimum != m_input.minima.end();
+    if (m_tops.IsEmpty() && !hasMinimum) {
+        return false;
+    }
+    if (m_row == std::numeric_limits<std::uint32_t>::max()) {
+        ThrowArgumentError(LINE_TOO_MANY_ITEMS);
+    }
+    ++m_row;
+    m_previousY = m_y;
+    const bool minimumFirst = m_tops.IsEmpty() || (hasMinimum && m_nextMinimum->y < m_tops.Top().y);
+    m_y = m_input.minima.Canonical(minimumFirst ? m_nextMinimum->y : m_tops.Top().y);
+    m_hasCrossings = false;
+    if (m_schedule.IsAnyDue(m_y)) {
+        m_dirty.Clear();
+        m_schedule.TakeDue(m_y, m_row, m_dirty);
+        if (!m_dirty.IsEmpty()) {
+            m_crossings.Find(m_dirty, m_previousY, m_y, m_row);
+            m_hasCrossings = true;
+        }
+    }
+    return true;
+}
+
+// Both edges pass to the other side of each other. The slots that have moved, and the one behind
+// them, have new neighbours.
+void SweepLine::Exchange(const Crossing& crossing) {
+    Slot* left = crossing.left;
+    Slot* right = crossing.right;
+    right->sides = static_cast<RoleMask>(right->sides ^ left->flags[ABOVE]);
+    left->sides = static_cast<RoleMask>(left->sides ^ right->flags[ABOVE]);
+    Slot* moved = left->next; // comes first afterwards
+    m_active.SwapBundles(left, right);
+    for (Slot* end = left->next; moved != end; moved = moved->next) {
+        m_schedule.Touch(moved, m_row);
+    }
+    if (moved != nullptr) {
+        m_schedule.Touch(moved, m_row);
+    }
+}
+
+Slot* SweepLine::TakeSuccession() {
+    const bool isAlone = !m_tops.IsEmpty() && !m_tops.HasSecondAtOrBelow(m_y) &&
+                         (m_nextMinimum == m_input.minima.end() || m_nextMinimum->y != m_y) &&
+                         m_schedule.Touched().IsEmpty() && !m_events.HasLooseBundles();
+    if (!isAlone) {
+        return nullptr;
+    }
+    Slot* slot = m_tops.Top().slot;
+    const Slot* left = slot->prev;
+    Slot* right = slot->next;
+    if (slot->state != BundleState::Unbundled ||
+        (left != nullptr && !(PairSchedule::GapOf(*left, *slot, m_y) > 0)) ||
+        (right != nullptr && !(PairSchedule::GapOf(*slot, *right, m_y) > 0)) ||
+        !SlotPool::LoadNextEdge(*slot)) {
+        return nullptr;
+    }
+    m_tops.ReplaceTop({slot->top.y, slot});
+    m_schedule.Schedule(*slot, m_y);
+    if (right != nullptr) {
+        m_schedule.Schedule(*right, m_y);
+    }
+    return slot;
+}
+
+void SweepLine::FindEvents() {
+    m_events.BeginRow(m_y, m_row);
+    AdvanceBounds();
+    StartBounds();
+    AddTouchingPairs();
+    m_events.Complete();
+}
+
+void SweepLine::AdvanceBounds() {
+    while (!m_tops.IsEmpty() && m_tops.Top().y == m_y) {
+        Slot* slot = m_tops.Top().slot;
+        m_events.Add(slot);
+        if (SlotPool::LoadNextEdge(*slot)) {
+            m_tops.ReplaceTop({slot->top.y, slot});
+        } else {
+            slot->ended = true;
+            m_tops.Pop();
+        }
+    }
+}
+
+void SweepLine::StartBounds() {
+    const LocalMinimum* end = m_input.minima.end();
+    if (m_nextMinimum == end || m_nextMinimum->y != m_y) {
+        return;
+    }
+    m_insertion.BeginRow(m_y, m_schedule.Touched());
+    for (; m_nextMinimum != end && m_nextMinimum->y == m_y; ++m_nextMinimum) {
+        const Operand& operand = m_input.OperandOf(m_nextMinimum->role);
+        Slot* slot = m_slots.Acquire(*m_nextMinimum, operand.Vertices(m_nextMinimum->contour),
+                                     operand.VertexCount(m_nextMinimum->contour));
+        m_active.InsertBehind(m_insertion.FindPlace(*slot), slot);
+        m_insertion.Inserted(slot);
+        m_tops.Push({slot->top.y, slot});
+        m_events.Add(slot);
+    }
+}
+
+// Bundles form only between neighbours that had to be looked at by now.
+void SweepLine::AddTouchingPairs() {
+    for (Slot* slot : m_schedule.Touched()) {
+        Slot* left = slot->prev;
+        if (left != nullptr && !left->ended && !slot->ended && Coincide(*left, *slot, m_y)) {
+            m_events.Add(left);
+            m_events.Add(slot);
+        }
+    }
+}
+
+void SweepLine::EndRow() {
+    for (Slot* slot : m_events.InOrder()) {
+        Slot* next = slot->next;
+        if (slot->ended) {
+            m_active.Remove(slot);
+        } else {
+            m_schedule.Touch(slot, m_row);
+        }
+        if (next != nullptr) {
+            m_schedule.Touch(next, m_row);
+        }
+    }
+    m_schedule.ScheduleTouched(m_y);
+    for (Slot* slot : m_events.InOrder()) {
+        if (slot->ended) {
+            m_slots.Release(slot);
+        }
+    }
+}
+
+} // namespace geom::detail

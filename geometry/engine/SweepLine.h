@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// \file
+/// The state of a sweep between two events: which edges are active, in which order, and where
+/// the next thing happens. It does not know what the result looks like.
+///
+/// Only edges at which something happens are touched. docs/engine.md tells why nothing is
+/// missed; the arguments stand in PairSchedule.h, Crossings.h and RowEvents.h.
+
+#include "geometry/engine/ActiveList.h"
+#include "geometry/engine/Crossings.h"
+#include "geometry/engine/Heap.h"
+#include "geometry/engine/Insertion.h"
+#include "geometry/engine/Minima.h"
+#include "geometry/engine/PairSchedule.h"
+#include "geometry/engine/RowEvents.h"
+#include "geometry/engine/SlotPool.h"
+
+namespace geom::detail {
+
+/// What a run sweeps over.
+struct SweepInput {
+    SweepInput(const gpc_polygon& subjectRecord, const gpc_polygon& clipRecord)
+        : subject(subjectRecord, SUBJECT), clip(clipRecord, CLIP) {}
+
+    const Operand& OperandOf(Role role) const { return role == SUBJECT ? subject : clip; }
+
+    Operand subject;
+    Operand clip;
+    LocalMinima minima;
+};
+
+class SweepLine {
+public:
+    explicit SweepLine(const SweepInput& input);
+
+    /// Rises to the next ordinate at which a bound begins, bends or ends, and finds the crossings
+    /// on the way. Returns false when there is none.
+    bool Rise();
+
+    /// The ordinate of the row in hand, and that of the row before.
+    double Y() const { return m_y; }
+    double PreviousY() const { return m_previousY; }
+
+    /// The next crossing on the way; null when all have been processed.
+    const Crossing* NextCrossing() { return m_hasCrossings ? m_crossings.Next() : nullptr; }
+    /// Exchanges the bundles of a crossing.
+    void Exchange(const Crossing& crossing);
+
+    /// When all that happens in the row is that one edge gives way to the next edge of its bound,
+    /// with room on both sides: loads that edge and returns its slot. Otherwise changes nothing
+    /// and returns null.
+    Slot* TakeSuccession();
+
+    /// Loads the edges that begin in the row, takes note of those that end, and puts all events
+    /// in order.
+    void FindEvents();
+    const Block<Slot*>& Events() const { return m_events.InOrder(); }
+    bool IsEvent(const Slot& slot) const { return m_events.IsEvent(slot); }
+    /// Takes out the bounds that have ended and schedules every pair that has changed.
+    void EndRow();
+
+private:
+    struct Top {
+        double y;
+        Slot* slot;
+    };
+
+    void AdvanceBounds();
+    void StartBounds();
+    void AddTouchingPairs();
+
+    const SweepInput& m_input;
+    const LocalMinimum* m_nextMinimum;
+    SlotPool m_slots;
+    ActiveList m_active;
+    Heap<Top> m_tops; ///< upper ends of the active edges
+    PairSchedule m_schedule;
+    Insertion m_insertion;
+    CrossingTable m_crossings;
+    RowEvents m_events;
+    Block<Slot*> m_dirty;
+    double m_previousY = 0.0;
+    double m_y = 0.0;
+    std::uint32_t m_row = 0;
+    bool m_hasCrossings = false;
+};
+
+} // namespace geom::detail
