@@ -97,9 +97,6 @@ Walk::Step Walk::StepTo(std::size_t next) {
 // be noticed beside the distance that remains; a round that changes nothing would be repeated
 // for ever.
 void Walk::RequireProgress() {
-    if (m_position != m_points[m_index]) {
-        return; // the walk began on the closing segment
-    }
     if (m_remaining == m_remainingAtLastVertex) {
         ThrowInternalError(UNIT, LINE_ENDLESS_DISTANCE);
     }

@@ -83,6 +83,7 @@ TEST(AdvanceAlongPolyline, RepeatedVerticesAreSteppedOver) {
     ExpectPlace(Advance(pts, false, 3, 0, {0, 0}), true, 4, {3, 0});
     ExpectPlace(Advance(pts, false, 2, 0, {0, 0}), true, 2, {2, 0});
     ExpectPlace(Advance(pts, true, 11, 0, {0, 0}), true, 1, {1, 0});
+    ExpectPlace(Advance(pts, true, 101, 0, {0, 0}), true, 1, {1, 0}); // ten rounds
 }
 
 TEST(AdvanceAlongPolyline, PositionOnTheNextVertexCountsAsBeingThere) {

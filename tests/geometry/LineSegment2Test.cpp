@@ -263,6 +263,13 @@ TEST(DistanceSquaredToSegment, FollowsItsFormulaToTheBit) {
     EXPECT_GT(beside, 2000);
 }
 
+// Just beside the second end the difference of squares still counts, and here it keeps no digit.
+TEST(DistanceSquaredToSegment, LevelWithTheSecondEndCountsAsBeside) {
+    const LineSegment2 s(0, 0, 1e8, 0);
+    EXPECT_EQ(DistanceSquared(s, Vec2d(1e8, 0.1)), 0.0);
+    EXPECT_EQ(DistanceSquared(s, Vec2d(1e8 + 1, 0)), 1.0);
+}
+
 TEST(DistanceSquaredToSegment, SurvivesAnyInput) {
     EXPECT_TRUE(std::isnan(DistanceSquared(LineSegment2(0, 0, 1, 0), Vec2d(NOT_A_NUMBER, 0))));
     EXPECT_EQ(DistanceSquared(LineSegment2(0, 0, 1, 0), Vec2d(INF, 0)), INF);

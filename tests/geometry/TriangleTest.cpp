@@ -182,23 +182,33 @@ TEST(Triangle, InCircleOfCollinearVerticesCountsAsCounterClockwise) {
     EXPECT_FALSE(t.InCircumcircle(Vec2d(5, 0)));
 }
 
+bool InCircleAsWritten(const Vec2d& A, const Vec2d& B, const Vec2d& C, const Vec2d& p) {
+    const double cross = (C.y - A.y) * B.x + (B.y - C.y) * A.x + (A.y - B.y) * C.x;
+    const Vec2d m((p.x + (B.x + A.x + C.x)) * 0.25, (p.y + (A.y + B.y + C.y)) * 0.25);
+    const Vec2d a = A - m, b = B - m, c = C - m, d = p - m;
+    const double a2 = a.x * a.x + a.y * a.y, b2 = b.x * b.x + b.y * b.y;
+    const double c2 = c.x * c.x + c.y * c.y, d2 = d.x * d.x + d.y * d.y;
+    double determinant = b.x * ((d2 - c2) * a.y + (a2 - d2) * c.y + (c2 - a2) * d.y);
+    determinant += a.x * ((d2 - b2) * c.y + (c2 - d2) * b.y + (b2 - c2) * d.y);
+    determinant += c.x * ((b2 - d2) * a.y + (d2 - a2) * b.y + (a2 - b2) * d.y);
+    determinant += d.x * ((c2 - b2) * a.y + (a2 - c2) * b.y + (b2 - a2) * c.y);
+    return determinant * (cross < 0 ? -1 : 1) > 0;
+}
+
 TEST(Triangle, FollowsItsFormulasToTheBit) {
     std::mt19937_64 random(SEED);
     std::uniform_real_distribution<double> coordinate(-1.0, 1.0);
     int delicate = 0;
-    for (int i = 0; i < 50000; ++i) {
-        const double far = i % 2 == 0 ? 0.0 : 1e6;
+    for (int i = 0; i < 20000; ++i) {
         const auto point = [&] {
-            const double x = far + coordinate(random);
-            return Vec2d(x, far + coordinate(random));
+            const double x = coordinate(random);
+            return Vec2d(x, coordinate(random));
         };
         const Vec2d A = point(), B = point();
         const double f = coordinate(random);
-        Vec2d C = point();
-        if (i % 4 < 2) { // nearly collinear
-            C = Vec2d(A.x + f * (B.x - A.x), A.y + f * (B.y - A.y));
-        }
-        const Vec2d p = i % 8 < 4 ? point() : Vec2d((A.x + B.x) / 2, (A.y + B.y) / 2);
+        const Vec2d C = i % 2 == 0 ? point() // or nearly collinear
+                                   : Vec2d(A.x + f * (B.x - A.x), A.y + f * (B.y - A.y));
+        const Vec2d p = i % 4 < 2 ? point() : Vec2d((A.x + B.x) / 2, (A.y + B.y) / 2);
         const Triangle t(A, B, C);
         const double cross = (C.y - A.y) * B.x + (B.y - C.y) * A.x + (A.y - B.y) * C.x;
         ASSERT_EQ(t.CCW(), cross > 0.0);
@@ -208,19 +218,32 @@ TEST(Triangle, FollowsItsFormulasToTheBit) {
         const double e3 = (A.x - p.x) * (p.y - C.y) - (A.y - p.y) * (p.x - C.x);
         ASSERT_EQ(t.Contains(p),
                   (e1 >= 0 && e2 >= 0 && e3 >= 0) || (e1 <= 0 && e2 <= 0 && e3 <= 0));
-        const Vec2d m((p.x + (B.x + A.x + C.x)) * 0.25, (p.y + (A.y + B.y + C.y)) * 0.25);
-        const Vec2d a = A - m, b = B - m, c = C - m, d = p - m;
-        const double a2 = a.x * a.x + a.y * a.y, b2 = b.x * b.x + b.y * b.y;
-        const double c2 = c.x * c.x + c.y * c.y, d2 = d.x * d.x + d.y * d.y;
-        double determinant = b.x * ((d2 - c2) * a.y + (a2 - d2) * c.y + (c2 - a2) * d.y);
-        determinant += a.x * ((d2 - b2) * c.y + (c2 - d2) * b.y + (b2 - c2) * d.y);
-        determinant += c.x * ((b2 - d2) * a.y + (d2 - a2) * b.y + (a2 - b2) * d.y);
-        determinant += d.x * ((c2 - b2) * a.y + (a2 - c2) * b.y + (b2 - a2) * c.y);
-        ASSERT_EQ(t.InCircumcircle(p), determinant * (cross < 0 ? -1 : 1) > 0);
-        const Triangle turned(B, C, A);
-        delicate += turned.Area() != t.Area() ? 1 : 0;
+        ASSERT_EQ(t.InCircumcircle(p), InCircleAsWritten(A, B, C, p));
+        delicate += Triangle(B, C, A).Area() != t.Area() ? 1 : 0;
     }
     EXPECT_GT(delicate, 1000); // the order of the vertices shows
+}
+
+// Four points that lie on one circle but for the rounding of their coordinates: only the very
+// same operations give the same answers.
+TEST(Triangle, InCircumcircleFollowsItsFormulaWhereRoundingDecides) {
+    std::mt19937_64 random(SEED);
+    std::uniform_real_distribution<double> scale(0.1, 1.0);
+    const Vec2d onCircle[] = {{5, 0},  {4, 3},   {3, 4},   {0, 5},  {-3, 4}, {-4, 3},
+                              {-5, 0}, {-4, -3}, {-3, -4}, {0, -5}, {3, -4}, {4, -3}};
+    int inside = 0, turned = 0;
+    for (int i = 0; i < 50000; ++i) {
+        const double s = scale(random);
+        const auto point = [&] { return onCircle[random() % 12] * s + Vec2d(0.3, 0.7); };
+        const Vec2d A = point(), B = point(), C = point(), p = point();
+        const Triangle t(A, B, C);
+        const bool expected = !t.IsEmpty() && InCircleAsWritten(A, B, C, p);
+        ASSERT_EQ(t.InCircumcircle(p), expected);
+        inside += expected ? 1 : 0;
+        turned += Triangle(B, C, A).InCircumcircle(p) != expected ? 1 : 0;
+    }
+    EXPECT_GT(inside, 5000);
+    EXPECT_GT(turned, 500); // the order of the vertices shows
 }
 
 TEST(Triangle, BoundingBox) {
