@@ -170,7 +170,8 @@ bool SpatialSearchGrid2D::QueryCell(int cx, int cy, const Vec2d& p, int& bestInd
         return false;
     }
     const int before = bestIndex;
-    const std::size_t cell = static_cast<std::size_t>(cy * m_columns + cx);
+    const std::ptrdiff_t row = cy;
+    const std::size_t cell = static_cast<std::size_t>(row * m_columns + cx);
     const auto begin = m_cellIndices.begin() + m_cellStarts[cell];
     const auto end = m_cellIndices.begin() + m_cellStarts[cell + 1];
     for (auto index = begin; index != end; ++index) {

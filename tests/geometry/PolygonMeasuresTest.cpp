@@ -476,9 +476,8 @@ TEST(RectPolyIntersect, Situations) {
 }
 
 TEST(RectPolyIntersect, SideTestsAreHalfOpenInTheEdgesExtent) {
-    // An edge that starts exactly on the left side line counts there only with its larger end.
-    EXPECT_FALSE(Overlap({0, 0, 2, 2}, {{0, 1}, {-3, 3}, {-3, -3}}) &&
-                 !Box2d(0, 0, 2, 2).Contains(Vec2d(0, 1)));
+    // A side is crossed by an edge that ends on it from the smaller side, not by one that only
+    // begins there towards the larger.
     EXPECT_TRUE(Overlap({0, 0, 2, 2}, {{-3, 0}, {0, 1}, {-3, 2}})) << "ends on the side";
     EXPECT_FALSE(Overlap({0, 0, 2, 2}, {{5, 0}, {2, 1}, {5, 2}}))
         << "starts on the right side, all of it to the right";
