@@ -165,6 +165,20 @@ void Case::CheckAreas(LawTally& tally) const {
     tally.overlaps += areas[GPC_INT] > 1000 * tolerance ? 1 : 0;
 }
 
+/// \return whether a call returns or throws a kit::Exception.
+template <typename Operation>
+bool EndsWell(const Operation& operate, gpc_op operation, const gpc_polygon& subject,
+              const gpc_polygon& clip) {
+    try {
+        operate(operation, subject, clip);
+    } catch (const kit::Exception&) {
+        return true;
+    } catch (...) {
+        return false;
+    }
+    return true;
+}
+
 LawTally CheckLaws(const SetOperations& operations, const PolygonFamily& family, int pairs,
                    std::uint64_t seed) {
     Random random(seed);
@@ -200,6 +214,20 @@ void ExpectLaws(const SetOperations& operations, const PolygonFamily& family, in
     EXPECT_GT(tally.contourAreas, pairs);
     EXPECT_GT(tally.overlaps, pairs / 4);
     EXPECT_GT(tally.stripAreas, family.laws == Laws::All ? pairs : -1);
+}
+
+void ExpectAnEndWithoutFiniteCoordinates(const SetOperations& operations, int pairs,
+                                         std::uint64_t seed) {
+    Random random(seed);
+    for (int i = 0; i < pairs; ++i) {
+        Operands operands = NotFinite(random, random.Between(3, 20));
+        const PolygonView subject(operands.subject);
+        const PolygonView clip(operands.clip);
+        for (const gpc_op operation : OPERATIONS) {
+            EXPECT_TRUE(EndsWell(operations.clip, operation, subject.Get(), clip.Get()));
+            EXPECT_TRUE(EndsWell(operations.strips, operation, subject.Get(), clip.Get()));
+        }
+    }
 }
 
 const std::vector<PolygonFamily>& FamiliesWithLaws() {

@@ -21,11 +21,15 @@ struct SetOperations {
 /// - the area of the contours, even-odd as well as external contours less holes, and where the
 ///   family allows it that of the strips, is the area on which the operation holds;
 /// - area(A | B) = area(A) + area(B) - area(A & B); area(A ^ B) = area(A | B) - area(A & B).
-/// Violations are failures of the running test.
-/// It is a failure, too, when a law was hardly ever put to the test, or when the sweep gave up
+/// Violations are failures of the running test. It is a failure, too, when a law was hardly ever put to the test, or when the sweep gave up
 /// because it found itself inconsistent.
 void ExpectLaws(const SetOperations& operations, const PolygonFamily& family, int pairs,
                 std::uint64_t seed);
+
+/// Calls all operations with operands that hold infinities and values that are no numbers. They may
+/// end in whatever result or in a kit::Exception, but must end, and in nothing else.
+void ExpectAnEndWithoutFiniteCoordinates(const SetOperations& operations, int pairs,
+                                         std::uint64_t seed);
 
 /// The families whose operands stay within the documented limits.
 const std::vector<PolygonFamily>& FamiliesWithLaws();

@@ -21,13 +21,13 @@ std::uint64_t Setting(const char* name, std::uint64_t otherwise) {
     return text ? std::strtoull(text, nullptr, 10) : otherwise;
 }
 
-class SweepComparison : public ::testing::TestWithParam<PolygonFamily> {};
+class SweepComparisonOfFamilies : public ::testing::TestWithParam<PolygonFamily> {};
 
 std::string NameOf(const ::testing::TestParamInfo<PolygonFamily>& info) {
     return info.param.name;
 }
 
-TEST_P(SweepComparison, EngineGivesThePlainResultToTheBit) {
+TEST_P(SweepComparisonOfFamilies, EngineGivesThePlainResultToTheBit) {
     const std::uint64_t seed = Setting("GEOM_COMPARISON_SEED", SEED);
     const int pairs = static_cast<int>(Setting("GEOM_COMPARISON_PAIRS", PAIRS));
     const ComparisonTally tally = CompareFamily(GetParam(), pairs, seed);
@@ -39,7 +39,26 @@ TEST_P(SweepComparison, EngineGivesThePlainResultToTheBit) {
     EXPECT_GT(tally.vertices, 10 * pairs);
 }
 
-INSTANTIATE_TEST_SUITE_P(Families, SweepComparison, ::testing::ValuesIn(PolygonFamilies()), NameOf);
+/// Many active edges at once, rows in which dozens of things happen, long lists of crossings.
+TEST(SweepComparison, LargeShapes) {
+    struct LargeShape {
+        MakeOperands make;
+        int size;
+    };
+    constexpr LargeShape SHAPES[] = {
+        {Combs, 400},       {Spikes, 300},          {NestedHoles, 400},
+        {Staircases, 2000}, {Stars, 2000},          {Saws, 2000},
+        {Squares, 2000},    {TriangleMeshes, 2000}, {ScatteredTriangles, 300}};
+    Random random(Setting("GEOM_COMPARISON_SEED", SEED));
+    for (const LargeShape& shape : SHAPES) {
+        const ComparisonTally tally = Compare(shape.make(random, shape.size));
+        EXPECT_EQ(tally.differences, 0) << tally.example;
+        EXPECT_GT(tally.vertices, shape.size);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Families, SweepComparisonOfFamilies,
+                         ::testing::ValuesIn(PolygonFamilies()), NameOf);
 
 } // namespace
 

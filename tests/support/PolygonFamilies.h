@@ -4,6 +4,7 @@
 #include "geometry/Gpc.h"
 #include "tests/support/Random.h"
 
+#include <iosfwd>
 #include <vector>
 
 /// \file
@@ -36,7 +37,10 @@ struct PolygonFamily {
     Laws laws;
 };
 
-/// All families, those of finite coordinates first.
+/// How GoogleTest shows a family.
+void PrintTo(const PolygonFamily& family, std::ostream* stream);
+
+/// All families but the one whose results mean nothing.
 const std::vector<PolygonFamily>& PolygonFamilies();
 
 /// Coordinates that are infinite or no numbers among others; results mean nothing.

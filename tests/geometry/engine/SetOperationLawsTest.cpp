@@ -20,6 +20,10 @@ TEST_P(SetOperationLaws, MembershipAndAreas) {
     ExpectLaws({EngineClip, EngineTristrip}, GetParam(), 500, 7'919);
 }
 
+TEST(SetOperations, CoordinatesThatAreNotFiniteGiveSomeResultOrAnException) {
+    ExpectAnEndWithoutFiniteCoordinates({EngineClip, EngineTristrip}, 2'000, 101);
+}
+
 INSTANTIATE_TEST_SUITE_P(Families, SetOperationLaws, ::testing::ValuesIn(FamiliesWithLaws()),
                          NameOf);
 
