@@ -161,16 +161,23 @@ void LineClipPolygon::BuildIndex() {
     try {
         auto index = std::make_unique<RingIndex>();
         std::vector<detail::Edge> edges;
-        index->contour = contours;
         const SEGMENT* edge = contours->segments;
         do {
-            index->ring.push_back(edge);
             edges.push_back({{edge->startX, edge->startY}, {edge->endX, edge->endY}});
             edge = edge->next;
         } while (edge != contours->segments);
-        if (edges.size() >= FEWEST_INDEXED_EDGES) {
-            index->edges = detail::EdgeIndex(edges);
+        if (edges.size() < FEWEST_INDEXED_EDGES) {
+            return;
         }
+        index->contour = contours;
+        index->edges = detail::EdgeIndex(edges);
+        index->vertices.reserve(edges.size() + 3);
+        index->vertices.push_back(edges.back().start);
+        for (const detail::Edge& e : edges) {
+            index->vertices.push_back(e.start);
+        }
+        index->vertices.push_back(edges.front().start);
+        index->vertices.push_back(edges.front().end);
         if (index->edges.IsBuilt()) {
             m_index = std::move(index);
         }

@@ -39,16 +39,16 @@ bool IsFraction(double value, double den) {
 // touches the segment; else the ends of the overlap are recorded. The start belongs to the
 // smaller end and the end to the larger one, whichever way the edge runs, so that a recorded
 // point may lie beyond the segment.
-template <typename Segment, typename Record>
-void FollowEdge(const Segment& edge, const Segment& segment, Record record) {
-    const Vec2d before(edge.prev->startX, edge.prev->startY);
-    const Vec2d after(edge.next->endX, edge.next->endY);
-    if (SidesOf(segment, before, after) > 0) {
+template <typename Edge, typename Segment, typename Record>
+void FollowEdge(const Edge& edge, const Segment& segment, Record record) {
+    if (SidesOf(segment, edge.Before(), edge.After()) > 0) {
         return;
     }
+    const Vec2d start = edge.Start();
+    const Vec2d end = edge.End();
     const bool isVertical = segment.startX == segment.endX;
-    const double a = isVertical ? edge.startY : edge.startX;
-    const double b = isVertical ? edge.endY : edge.endX;
+    const double a = isVertical ? start.y : start.x;
+    const double b = isVertical ? end.y : end.x;
     const double p = isVertical ? segment.startY : segment.startX;
     const double q = isVertical ? segment.endY : segment.endX;
     const double edgeLow = std::min(a, b);
@@ -59,24 +59,26 @@ void FollowEdge(const Segment& edge, const Segment& segment, Record record) {
         return;
     }
     if (edgeLow > low) {
-        record(edge.startX, edge.startY, std::uint16_t{1});
+        record(start.x, start.y, std::uint16_t{1});
     }
     if (high > edgeHigh) {
-        record(edge.endX, edge.endY, std::uint16_t{1});
+        record(end.x, end.y, std::uint16_t{1});
     }
 }
 
 // Records where the segment crosses the edge. The edge's end is left to the next edge, whose
 // start it is; there, and where the boundary only touches the segment's line, nothing crosses.
 // The segment's own ends are no crossings.
-template <typename Segment, typename Record>
-void CrossEdge(const Segment& edge, const Segment& segment, Record record) {
+template <typename Edge, typename Segment, typename Record>
+void CrossEdge(const Edge& edge, const Segment& segment, Record record) {
+    const Vec2d start = edge.Start();
+    const Vec2d end = edge.End();
     const double dx = segment.endX - segment.startX;
     const double dy = segment.endY - segment.startY;
-    const double ex = edge.endX - edge.startX;
-    const double ey = edge.endY - edge.startY;
-    const double ax = edge.startX - segment.startX;
-    const double ay = edge.startY - segment.startY;
+    const double ex = end.x - start.x;
+    const double ey = end.y - start.y;
+    const double ax = start.x - segment.startX;
+    const double ay = start.y - segment.startY;
     const double den = dx * ey - ex * dy;
     const double s = ax * dy - ay * dx;
     if (den == 0.0) {
@@ -89,14 +91,22 @@ void CrossEdge(const Segment& edge, const Segment& segment, Record record) {
     if (!IsFraction(s, den) || !IsFraction(t, den) || s == den || t == den || t == 0.0) {
         return;
     }
-    const Vec2d before(edge.prev->startX, edge.prev->startY);
-    if (s == 0.0 && SidesOf(segment, before, {edge.endX, edge.endY}) >= 0) {
+    if (s == 0.0 && SidesOf(segment, edge.Before(), end) >= 0) {
         return;
     }
     const bool isVertical = segment.startX == segment.endX;
     const bool isHorizontal = segment.startY == segment.endY;
-    record(isVertical ? segment.startX : edge.startX + ex * (s / den),
-           isHorizontal ? segment.startY : edge.startY + ey * (s / den), std::uint16_t{0});
+    record(isVertical ? segment.startX : start.x + ex * (s / den),
+           isHorizontal ? segment.startY : start.y + ey * (s / den), std::uint16_t{0});
+}
+
+// Whether a point in the edge's box lies on the edge.
+template <typename Edge>
+bool IsOnEdge(const Edge& edge, const Vec2d& p) {
+    const Vec2d a = edge.Start();
+    const Vec2d b = edge.End();
+    return std::min(a.x, b.x) <= p.x && p.x <= std::max(a.x, b.x) && std::min(a.y, b.y) <= p.y &&
+           p.y <= std::max(a.y, b.y) && (p.y - a.y) * (b.x - p.x) == (p.x - a.x) * (b.y - p.y);
 }
 
 // Stable, so that equal points stay in ring order.
@@ -139,14 +149,14 @@ void LineClipPolygon::VisitEdgesNear(const CONTOUR* contour, const SEGMENT& segm
         detail::EdgeIndex::Found found;
         if (index->edges.FindNear(p, q, found)) {
             for (const std::uint32_t edge : found) {
-                visit(*index->ring[edge]);
+                visit(index->At(edge));
             }
             return;
         }
     }
     const SEGMENT* edge = contour->segments;
     do {
-        visit(*edge);
+        visit(LinkedEdge(edge));
         edge = edge->next;
     } while (edge != contour->segments);
 }
@@ -167,7 +177,7 @@ void LineClipPolygon::cross_calc(const CONTOUR* contour, SEGMENT* segment, CLIST
     };
     try {
         VisitEdgesNear(contour, *segment,
-                       [&](const SEGMENT& edge) { CrossEdge(edge, *segment, record); });
+                       [&](const auto& edge) { CrossEdge(edge, *segment, record); });
     } catch (const std::bad_alloc&) {
         detail::ThrowLineClipOutOfMemory(detail::LINE_CROSSING_LIST);
     }
@@ -178,7 +188,7 @@ void LineClipPolygon::cross_calc(const CONTOUR* contour, SEGMENT* segment, CLIST
 void LineClipPolygon::Gather(const CONTOUR* contour, const SEGMENT& segment,
                              CrossingList& list) const {
     try {
-        VisitEdgesNear(contour, segment, [&](const SEGMENT& edge) {
+        VisitEdgesNear(contour, segment, [&](const auto& edge) {
             CrossEdge(edge, segment, [&list](double x, double y, std::uint16_t kind) {
                 list.entries.Append({x, y, kind});
             });
@@ -211,20 +221,13 @@ bool LineClipPolygon::p_inside(const CONTOUR* contour, const Vec2d* p) const {
 }
 
 bool LineClipPolygon::on_contour(const CONTOUR* contour, const Vec2d* p) const {
-    const auto isOn = [p](const SEGMENT& edge) {
-        return std::min(edge.startX, edge.endX) <= p->x &&
-               p->x <= std::max(edge.startX, edge.endX) &&
-               std::min(edge.startY, edge.endY) <= p->y &&
-               p->y <= std::max(edge.startY, edge.endY) &&
-               (p->y - edge.startY) * (edge.endX - p->x) ==
-                   (p->x - edge.startX) * (edge.endY - p->y);
-    };
     if (const RingIndex* const index = IndexOf(contour)) {
-        return index->edges.AnyAt(*p, [&](std::uint32_t edge) { return isOn(*index->ring[edge]); });
+        return index->edges.AnyAt(
+            *p, [&](std::uint32_t edge) { return IsOnEdge(index->At(edge), *p); });
     }
     const SEGMENT* edge = contour->segments;
     do {
-        if (isOn(*edge)) {
+        if (IsOnEdge(LinkedEdge(edge), *p)) {
             return true;
         }
         edge = edge->next;

@@ -147,6 +147,7 @@ protected:
 
 private:
     struct RingIndex;
+    class LinkedEdge;
     struct CrossingList;
 
     void FreeAll();

@@ -2,109 +2,160 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 namespace geom::detail {
 
-/// A binary tree of bounds over edges, in one array.
+/// A tree of ranges along AXES axes over edges, packed for few and short visits to memory.
 ///
-/// Nodes stand in the order of a walk that goes left first. Each knows where its subtree ends,
-/// so a query is a loop over the array that steps into a node or past its subtree, without a
-/// stack. A leaf has up to LEAF_SIZE entries.
-///
-/// `Bounds` is default-constructed empty and has
-/// - `void Add(const Bounds&)`, which grows it,
-/// - `int SplitAxis() const`, the axis along which a set of such bounds is best split, asked of
-///   the bounds of the entries' centres,
-/// - `double Centre(int axis) const`, and `static Bounds At(const Bounds&)`, the bounds of the
-///   centre alone.
-template <typename Bounds>
+/// Every node holds the ranges of its 16 children, axis by axis, in single precision rounded
+/// outwards: four cache lines of a plane. The children of node i of a level are the nodes 16 i
+/// to 16 i + 15 of the level below, or the entries of these numbers below the lowest level, so
+/// there are no pointers. Missing children have empty ranges.
+template <std::size_t AXES>
 class EdgeTree {
 public:
+    static constexpr std::size_t WIDTH = 16;
+
     struct Entry {
-        Bounds bounds;
+        std::array<double, AXES> low;
+        std::array<double, AXES> high;
         std::uint32_t edge;
+
+        double Centre(std::size_t axis) const { return 0.5 * (low[axis] + high[axis]); }
+    };
+
+    struct alignas(64) Node {
+        float low[AXES][WIDTH];
+        float high[AXES][WIDTH];
+
+        Node() {
+            std::fill_n(&low[0][0], AXES * WIDTH, std::numeric_limits<float>::infinity());
+            std::fill_n(&high[0][0], AXES * WIDTH, -std::numeric_limits<float>::infinity());
+        }
     };
 
     EdgeTree() = default;
-    explicit EdgeTree(std::vector<Entry> entries) : m_entries(std::move(entries)) {
-        if (!m_entries.empty()) {
-            m_nodes.reserve(2 * (m_entries.size() / (LEAF_SIZE / 2) + 1));
-            Build(0, m_entries.size());
+
+    /// The entries' ranges are numbers of moderate size. `chooseAxis(spreads)` is asked for the
+    /// axis along which to part entries whose centres spread so far along each.
+    template <typename ChooseAxis>
+    EdgeTree(std::vector<Entry> entries, ChooseAxis chooseAxis) {
+        if (entries.empty()) {
+            return;
+        }
+        Arrange(entries.begin(), entries.end(), chooseAxis);
+        m_edges.reserve(entries.size());
+        m_levels.emplace_back((entries.size() + WIDTH - 1) / WIDTH);
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            m_edges.push_back(entries[i].edge);
+            for (std::size_t axis = 0; axis < AXES; ++axis) {
+                Widen(m_levels[0][i / WIDTH], axis, i % WIDTH, RoundedDown(entries[i].low[axis]),
+                      RoundedUp(entries[i].high[axis]));
+            }
+        }
+        while (m_levels.back().size() > 1) {
+            AddLevel();
         }
     }
 
-    /// Calls `visit(edge)` for every entry whose bounds and those of all nodes above it are not
-    /// missed, until a visit returns false. An edge with several entries may come repeatedly.
-    template <typename Misses, typename Visit>
-    bool Walk(Misses misses, Visit visit) const {
-        std::size_t i = 0;
-        while (i < m_nodes.size()) {
-            const Node& node = m_nodes[i];
-            if (misses(node.bounds)) {
-                i = node.end;
+    /// Calls `visit(edge)` for every entry that `hits`, asked of the nodes from the top, leads
+    /// to, until a visit returns false. `hits(node)` has a bit for each child to look at. An
+    /// edge with several entries may come repeatedly.
+    template <typename Hits, typename Visit>
+    bool Walk(const Hits& hits, const Visit& visit) const {
+        return m_levels.empty() || WalkNode(m_levels.size() - 1, 0, hits, visit);
+    }
+
+    static float RoundedDown(double x) {
+        const float f = static_cast<float>(x);
+        return f > x ? std::nextafter(f, -std::numeric_limits<float>::infinity()) : f;
+    }
+    static float RoundedUp(double x) { return -RoundedDown(-x); }
+
+private:
+    using Iterator = typename std::vector<Entry>::iterator;
+
+    // Parts the entries again and again so that each child of each node gets a compact lot. The
+    // first part is always the largest power of two that leaves something for the second one:
+    // it fills whole subtrees.
+    template <typename ChooseAxis>
+    void Arrange(Iterator first, Iterator last, const ChooseAxis& chooseAxis) {
+        const std::size_t count = static_cast<std::size_t>(last - first);
+        if (count <= WIDTH) {
+            return;
+        }
+        std::size_t part = WIDTH;
+        while (2 * part < count) {
+            part *= 2;
+        }
+        const std::size_t axis = chooseAxis(Spreads(first, last));
+        const Iterator middle = first + static_cast<std::ptrdiff_t>(part);
+        std::nth_element(first, middle, last, [axis](const Entry& a, const Entry& b) {
+            return a.Centre(axis) < b.Centre(axis);
+        });
+        Arrange(first, middle, chooseAxis);
+        Arrange(middle, last, chooseAxis);
+    }
+
+    std::array<double, AXES> Spreads(Iterator first, Iterator last) const {
+        std::array<double, AXES> spreads;
+        for (std::size_t axis = 0; axis < AXES; ++axis) {
+            double low = first->Centre(axis);
+            double high = low;
+            for (Iterator entry = first; entry != last; ++entry) {
+                low = std::min(low, entry->Centre(axis));
+                high = std::max(high, entry->Centre(axis));
+            }
+            spreads[axis] = high - low;
+        }
+        return spreads;
+    }
+
+    static void Widen(Node& node, std::size_t axis, std::size_t child, float low, float high) {
+        node.low[axis][child] = std::min(node.low[axis][child], low);
+        node.high[axis][child] = std::max(node.high[axis][child], high);
+    }
+
+    void AddLevel() {
+        const std::vector<Node>& below = m_levels.back();
+        std::vector<Node> level((below.size() + WIDTH - 1) / WIDTH);
+        for (std::size_t i = 0; i < below.size(); ++i) {
+            for (std::size_t axis = 0; axis < AXES; ++axis) {
+                const float* const low = below[i].low[axis];
+                const float* const high = below[i].high[axis];
+                Widen(level[i / WIDTH], axis, i % WIDTH, *std::min_element(low, low + WIDTH),
+                      *std::max_element(high, high + WIDTH));
+            }
+        }
+        m_levels.push_back(std::move(level));
+    }
+
+    template <typename Hits, typename Visit>
+    bool WalkNode(std::size_t level, std::size_t index, const Hits& hits,
+                  const Visit& visit) const {
+        const std::uint32_t children = hits(m_levels[level][index]);
+        for (std::size_t k = 0; (children >> k) != 0; ++k) {
+            if ((children >> k & 1U) == 0) {
                 continue;
             }
-            for (std::uint32_t k = node.first; k < node.last; ++k) {
-                if (!misses(m_entries[k].bounds) && !visit(m_entries[k].edge)) {
-                    return false;
-                }
+            const std::size_t child = index * WIDTH + k;
+            const bool goesOn =
+                level == 0 ? visit(m_edges[child]) : WalkNode(level - 1, child, hits, visit);
+            if (!goesOn) {
+                return false;
             }
-            ++i;
         }
         return true;
     }
 
-private:
-    static constexpr std::size_t LEAF_SIZE = 4;
-
-    struct Node {
-        Bounds bounds;
-        std::uint32_t first, last; ///< the entries of a leaf; an inner node has none
-        std::uint32_t end;         ///< the node behind the subtree
-    };
-
-    void Build(std::size_t first, std::size_t last) {
-        const std::size_t index = m_nodes.size();
-        m_nodes.push_back({BoundsOf(first, last), 0, 0, 0});
-        if (last - first <= LEAF_SIZE) {
-            m_nodes[index].first = static_cast<std::uint32_t>(first);
-            m_nodes[index].last = static_cast<std::uint32_t>(last);
-        } else {
-            const std::size_t middle = first + (last - first) / 2;
-            Split(first, middle, last);
-            Build(first, middle);
-            Build(middle, last);
-        }
-        m_nodes[index].end = static_cast<std::uint32_t>(m_nodes.size());
-    }
-
-    Bounds BoundsOf(std::size_t first, std::size_t last) const {
-        Bounds bounds;
-        for (std::size_t k = first; k < last; ++k) {
-            bounds.Add(m_entries[k].bounds);
-        }
-        return bounds;
-    }
-
-    void Split(std::size_t first, std::size_t middle, std::size_t last) {
-        Bounds centres;
-        for (std::size_t k = first; k < last; ++k) {
-            centres.Add(Bounds::At(m_entries[k].bounds));
-        }
-        const int axis = centres.SplitAxis();
-        const auto at = [this](std::size_t k) {
-            return m_entries.begin() + static_cast<std::ptrdiff_t>(k);
-        };
-        std::nth_element(at(first), at(middle), at(last), [axis](const Entry& a, const Entry& b) {
-            return a.bounds.Centre(axis) < b.bounds.Centre(axis);
-        });
-    }
-
-    std::vector<Entry> m_entries;
-    std::vector<Node> m_nodes;
+    std::vector<std::uint32_t> m_edges;
+    std::vector<std::vector<Node>> m_levels; ///< from the lowest to the root
 };
 
 } // namespace geom::detail

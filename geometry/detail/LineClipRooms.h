@@ -34,13 +34,42 @@ inline bool IsBefore(double ax, double ay, double bx, double by) {
 
 } // namespace detail
 
-/// The index of one contour and what leads from its answers to the edges.
+/// The index of one contour, and its vertices side by side, which are read faster than edges
+/// strewn over the heap.
 ///
 /// It knows its contour by address; freeing that contour drops the index.
 struct LineClipPolygon::RingIndex {
+    /// An edge as its index has it. Edge k runs from vertex k to vertex k + 1 of the ring.
+    class Edge {
+    public:
+        explicit Edge(const Vec2d* vertices) : m_vertices(vertices) {}
+        const Vec2d& Before() const { return m_vertices[0]; }
+        const Vec2d& Start() const { return m_vertices[1]; }
+        const Vec2d& End() const { return m_vertices[2]; }
+        const Vec2d& After() const { return m_vertices[3]; }
+
+    private:
+        const Vec2d* m_vertices;
+    };
+
+    Edge At(std::uint32_t edge) const { return Edge(&vertices[edge]); }
+
     const CONTOUR* contour;
-    std::vector<const SEGMENT*> ring;
+    std::vector<Vec2d> vertices; ///< the last one, all, and the first two
     detail::EdgeIndex edges;
+};
+
+/// The same edge as the contour has it.
+class LineClipPolygon::LinkedEdge {
+public:
+    explicit LinkedEdge(const SEGMENT* edge) : m_edge(edge) {}
+    Vec2d Before() const { return {m_edge->prev->startX, m_edge->prev->startY}; }
+    Vec2d Start() const { return {m_edge->startX, m_edge->startY}; }
+    Vec2d End() const { return {m_edge->endX, m_edge->endY}; }
+    Vec2d After() const { return {m_edge->next->endX, m_edge->next->endY}; }
+
+private:
+    const SEGMENT* m_edge;
 };
 
 /// The crossings of a segment that is being clipped, with both its ends. Short lists take no

@@ -136,5 +136,148 @@ TEST(EdgeIndex, FindsFarEdgesThatRoundingMakesTheTestsAccept) {
     EXPECT_GT(farAway, 40U);
 }
 
+std::vector<Edge> Circle(std::size_t n) {
+    std::vector<Vec2d> ring;
+    for (std::size_t i = 0; i < n; ++i) {
+        const double angle = 6.283185307179586 * static_cast<double>(i) / static_cast<double>(n);
+        ring.emplace_back(std::cos(angle), std::sin(angle));
+    }
+    return EdgesOf(ring);
+}
+
+bool IsOn(const Edge& edge, const Vec2d& p) {
+    const Vec2d& a = edge.start;
+    const Vec2d& b = edge.end;
+    return std::min(a.x, b.x) <= p.x && p.x <= std::max(a.x, b.x) && std::min(a.y, b.y) <= p.y &&
+           p.y <= std::max(a.y, b.y) && (p.y - a.y) * (b.x - p.x) == (p.x - a.x) * (b.y - p.y);
+}
+
+// Long slanted edges are kept in pieces; points that only rounding puts on them lie beside.
+TEST(EdgeIndex, FindsEveryEdgeThatAPointLiesOn) {
+    const unsigned int seed = 73;
+    std::mt19937 random(seed);
+    std::uniform_real_distribution<double> unit(0.0, 1.0);
+    std::size_t on = 0;
+    for (int round = 0; round < 300; ++round) {
+        const double offset = round % 3 == 0 ? 0.0 : std::pow(10.0, round % 15);
+        std::vector<Vec2d> ring;
+        for (int i = 0; i < 40; ++i) {
+            const double reach = i % 8 == 0 ? 100.0 : 0.1;
+            ring.push_back(Vec2d{offset + reach * unit(random), offset - reach * unit(random)});
+        }
+        const std::vector<Edge> edges = EdgesOf(ring);
+        const EdgeIndex index(edges);
+        for (std::uint32_t k = 0; k < edges.size(); ++k) {
+            for (int i = 0; i < 40; ++i) {
+                const Vec2d d = edges[k].end - edges[k].start;
+                const Vec2d p = edges[k].start + d * (i % 2 == 0 ? unit(random) : i / 40.0);
+                if (!IsOn(edges[k], p)) {
+                    continue;
+                }
+                ++on;
+                ASSERT_TRUE(index.AnyAt(p, [k](std::uint32_t edge) { return edge == k; }))
+                    << "seed " << seed << " round " << round << " edge " << k;
+            }
+        }
+    }
+    std::printf("seed %u: %zu points on edges\n", seed, on);
+    EXPECT_GT(on, 30000U);
+}
+
+TEST(EdgeIndex, PointsBesideTheRingAreOnNothing) {
+    const EdgeIndex index(Circle(100));
+    const double notANumber = std::numeric_limits<double>::quiet_NaN();
+    const double infinity = std::numeric_limits<double>::infinity();
+    for (const Vec2d& p : {Vec2d(2, 0), Vec2d(0, -2), Vec2d(notANumber, 0), Vec2d(0, notANumber),
+                           Vec2d(infinity, 0), Vec2d(0, -infinity)}) {
+        EXPECT_FALSE(index.AnyAt(p, [](std::uint32_t) { return true; }));
+    }
+}
+
+TEST(EdgeIndex, OffersFewEdgesHoweverManyThereAre) {
+    for (const std::size_t n : {1000U, 10000U, 100000U}) {
+        const EdgeIndex index(Circle(n));
+        std::mt19937 random(5);
+        std::uniform_real_distribution<double> place(-1.0, 1.0);
+        std::size_t offered = 0;
+        for (int i = 0; i < 1000; ++i) {
+            const Vec2d p{place(random), place(random)};
+            EdgeIndex::Found found;
+            ASSERT_TRUE(index.FindNear(p, p + Vec2d(0.3, 0.2), found));
+            offered += found.Count();
+            EdgeIndex::Found probed;
+            ASSERT_TRUE(index.FindNear({-3.0, p.y}, p, probed));
+            offered += probed.Count();
+        }
+        EXPECT_LT(offered, 3000U) << n << " edges";
+    }
+}
+
+TEST(EdgeIndex, GivesUpWhenMostEdgesAreNear) {
+    std::vector<Vec2d> ring;
+    for (int i = 0; i < 1000; ++i) {
+        ring.emplace_back(i, i % 2);
+    }
+    const EdgeIndex index(EdgesOf(ring));
+    EdgeIndex::Found found;
+    EXPECT_FALSE(index.FindNear({-1, 0.5}, {1001, 0.5}, found));
+    EdgeIndex::Found few;
+    EXPECT_TRUE(index.FindNear({9.9, 0.5}, {20.1, 0.5}, few));
+    // Ten edges are crossed, and the boxes of two more are touched.
+    EXPECT_EQ(few.Count(), 12U);
+}
+
+TEST(EdgeIndex, ParallelsAroundTheHorizontalAreFoundFromBothSides) {
+    // Directions just above and just below the horizontal are neighbours.
+    const double tilt = 0x1p-40;
+    const std::vector<Edge> edges = {{{100, 0}, {101, tilt}}, {{100, tilt}, {101, 0}}};
+    const EdgeIndex index(edges);
+    for (const double rise : {tilt, -tilt}) {
+        EdgeIndex::Found found;
+        ASSERT_TRUE(index.FindNear({0, 0}, {1, rise}, found));
+        EXPECT_EQ(found.Count(), 2U);
+    }
+}
+
+TEST(EdgeIndex, IsNotBuiltOverCoordinatesOfExtremeSize) {
+    const double bad[] = {std::numeric_limits<double>::quiet_NaN(),
+                          std::numeric_limits<double>::infinity(), 1e300, 1e-300};
+    for (const double x : bad) {
+        const EdgeIndex index(EdgesOf({{0, 0}, {x, 0}, {1, 1}}));
+        EXPECT_FALSE(index.IsBuilt());
+        EXPECT_FALSE(index.IsGoodFor({0, 0}, {1, 1}));
+    }
+    EXPECT_FALSE(EdgeIndex().IsBuilt());
+    EXPECT_FALSE(EdgeIndex(std::vector<Edge>()).IsBuilt());
+}
+
+TEST(EdgeIndex, IsGoodForSegmentsOfModerateSize) {
+    const EdgeIndex index(Circle(20));
+    const double notANumber = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_TRUE(index.IsGoodFor({0, 0}, {1, 1}));
+    EXPECT_TRUE(index.IsGoodFor({0, 0}, {0, 0}));
+    EXPECT_TRUE(index.IsGoodFor({1e80, 0}, {0, -1e80}));
+    EXPECT_FALSE(index.IsGoodFor({1e100, 0}, {0, 0}));
+    EXPECT_FALSE(index.IsGoodFor({1e-100, 0}, {0, 0}));
+    EXPECT_FALSE(index.IsGoodFor({0, notANumber}, {0, 0}));
+    EXPECT_FALSE(index.IsGoodFor({0, 0}, {-std::numeric_limits<double>::infinity(), 0}));
+}
+
+TEST(EdgeIndex, SegmentMuchLargerThanTheRingIsServed) {
+    const std::vector<Edge> edges = Circle(1000);
+    const EdgeIndex index(edges);
+    EdgeIndex::Found found;
+    ASSERT_TRUE(index.FindNear({-1e5, 0.1}, {1e5, 0.3}, found));
+    EXPECT_LT(found.Count(), 50U);
+    std::size_t accepted = 0;
+    for (std::uint32_t k = 0; k < edges.size(); ++k) {
+        if (CouldBeAccepted(edges[k], {-1e5, 0.1}, {1e5, 0.3})) {
+            ++accepted;
+            EXPECT_TRUE(std::binary_search(found.begin(), found.end(), k));
+        }
+    }
+    EXPECT_EQ(accepted, 2U);
+}
+
 } // namespace
 } // namespace geom::detail
