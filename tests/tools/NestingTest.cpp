@@ -53,6 +53,10 @@ TEST(Nesting, HoleGoesToTheSmallestContourAroundIt) {
         {"contours without area",
          {{External({}), Hole({{1, 1}}), External(Square(0, 0, 2))}},
          "2()"},
+        {"huge contour",
+         {{External(Square(0, 0, 1.7e308)), Hole(Square(0, 0, 1)), External(Square(0, 0, 1e200)),
+           Hole(Square(0, 0, 1.6e308))}},
+         "0(1) 2() 3()"},
         {"flat hole", {{External(Square(0, 0, 2)), Hole({{0, 0}, {1, 0}, {.5, 0}})}}, "0(1)"},
     };
     for (const auto& c : cases) {

@@ -61,6 +61,24 @@ TEST(Progress, DrawsAfterTheDelayAndWipesAtTheEnd) {
     EXPECT_EQ(drawn, "\r\x1b[K");
 }
 
+TEST(Progress, NothingIsDrawnAfterTheFinish) {
+    std::promise<void> first;
+    int draws = 0;
+    Progress progress(
+        [&](const std::string&) {
+            if (++draws == 1) {
+                first.set_value();
+            }
+        },
+        milliseconds(0), milliseconds(1));
+    first.get_future().wait();
+    progress.Finish();
+    const int drawn = draws;
+    progress.Begin("more");
+    progress.Finish();
+    EXPECT_EQ(draws, drawn);
+}
+
 TEST(Progress, ShortWorkDrawsNothing) {
     int draws = 0;
     {

@@ -2,6 +2,7 @@
 #include "tools/geomtool/RingLocator.h"
 
 #include "tests/tools/Shapes.h"
+#include "tools/geomtool/EdgeCrossing.h"
 
 #include <cmath>
 #include <random>
@@ -17,12 +18,7 @@ bool PlainContains(const std::vector<Vec2d>& ring, const Vec2d& p) {
     for (std::size_t i = 0; i < ring.size(); ++i) {
         const Vec2d& a = ring[i];
         const Vec2d& b = ring[(i + 1) % ring.size()];
-        if ((a.y > p.y) != (b.y > p.y)) {
-            const Vec2d& lower = a.y < b.y ? a : b;
-            const Vec2d& upper = a.y < b.y ? b : a;
-            const double t = (p.y - lower.y) / (upper.y - lower.y);
-            inside ^= lower.x + t * (upper.x - lower.x) < p.x;
-        }
+        inside ^= PassesHeight(a, b, p.y) && CrossingAt(a, b, p.y) < p.x;
     }
     return inside;
 }
@@ -48,6 +44,13 @@ TEST(RingLocator, AgreesWithThePlainWalkOnTangledRings) {
     }
     EXPECT_GT(inside, 3000u);
     EXPECT_GT(outside, 3000u);
+}
+
+TEST(EdgeCrossing, IsANumberForCoordinatesOfAllSizes) {
+    EXPECT_EQ(CrossingAt(Vec2d(0, 0), Vec2d(4, 2), 0.5), 1);
+    EXPECT_EQ(CrossingAt(Vec2d(4, 2), Vec2d(0, 0), 0.5), 1);
+    EXPECT_EQ(CrossingAt(Vec2d(-1.5e308, -1.5e308), Vec2d(1.5e308, 1.5e308), 0), 0);
+    EXPECT_EQ(CrossingAt(Vec2d(7, 0), Vec2d(9, 5e-324), 0), 7);
 }
 
 TEST(RingLocator, KnowsALargeCircle) {

@@ -51,11 +51,17 @@ void WriteAll(const Descriptor& descriptor, std::string_view bytes, const std::s
     }
 }
 
+/// The part of a path up to and with the last slash.
+std::string FolderOf(const std::string& path) {
+    return path.substr(0, path.find_last_of('/') + 1); // npos + 1 is 0
+}
+
 /// A file beside its future place, removed again unless it is moved there.
 class TemporaryFile {
 public:
     TemporaryFile(const std::string& target, const std::string& name)
-        : m_name(name), m_path(target + ".XXXXXX"), m_descriptor(::mkstemp(m_path.data())) {
+        : m_name(name), m_path(FolderOf(target) + ".geomtool.XXXXXX"),
+          m_descriptor(::mkstemp(m_path.data())) {
         if (m_descriptor.Get() < 0) {
             const int error = errno;
             m_path.clear();

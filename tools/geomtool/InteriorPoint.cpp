@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/geomtool/InteriorPoint.h"
 
+#include "tools/geomtool/EdgeCrossing.h"
 #include "tools/geomtool/PolygonSet.h"
 
 #include <algorithm>
@@ -33,8 +34,8 @@ std::vector<double> CrossingsAt(const std::vector<Vec2d>& points, double y) {
     std::vector<double> crossings;
     const Vec2d* a = &points.back();
     for (const Vec2d& b : points) {
-        if ((a->y > y) != (b.y > y)) {
-            crossings.push_back(a->x + (y - a->y) / (b.y - a->y) * (b.x - a->x));
+        if (PassesHeight(*a, b, y)) {
+            crossings.push_back(CrossingAt(*a, b, y));
         }
         a = &b;
     }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <map>
 
 namespace geomtool {
@@ -60,8 +61,10 @@ private:
         return boxes;
     }
 
+    /// Contours whose area overflows are larger than all others.
     double AreaOf(std::size_t ring) const {
-        return std::abs(SignedArea(m_shapes.rings[ring].points));
+        const double area = std::abs(SignedArea(m_shapes.rings[ring].points));
+        return std::isnan(area) ? std::numeric_limits<double>::infinity() : area;
     }
 
     /// Built when first asked for: most external contours have no hole near them.

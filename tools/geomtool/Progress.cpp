@@ -67,6 +67,10 @@ Progress::Progress(Sink sink, std::chrono::milliseconds delay, std::chrono::mill
 }
 
 Progress::~Progress() {
+    Finish();
+}
+
+void Progress::Finish() {
     if (m_thread.joinable()) {
         {
             const std::lock_guard<std::mutex> lock(m_mutex);

@@ -32,6 +32,8 @@ public:
     /// Names the work that begins now. How long it takes is not known until the first Step.
     void Begin(const std::string& stage);
     void Step(std::size_t done, std::size_t total);
+    /// Wipes the line away for good, before something else is printed.
+    void Finish();
 
 private:
     void Run(std::chrono::milliseconds delay, std::chrono::milliseconds interval);

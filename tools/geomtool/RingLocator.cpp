@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/geomtool/RingLocator.h"
 
+#include "tools/geomtool/EdgeCrossing.h"
+
 namespace geomtool {
 
 using geom::Box2d;
@@ -10,16 +12,9 @@ namespace {
 
 constexpr std::size_t SHORT_RUN = 8;
 
-/// Whether an edge crosses the ray from p to the left. Half-open in y, so that a ray through a
-/// vertex counts it once.
+/// Whether an edge crosses the ray from p to the left.
 bool Crosses(const Vec2d& a, const Vec2d& b, const Vec2d& p) {
-    if ((a.y > p.y) == (b.y > p.y)) {
-        return false;
-    }
-    const Vec2d& lower = a.y < b.y ? a : b;
-    const Vec2d& upper = a.y < b.y ? b : a;
-    const double t = (p.y - lower.y) / (upper.y - lower.y);
-    return lower.x + t * (upper.x - lower.x) < p.x;
+    return PassesHeight(a, b, p.y) && CrossingAt(a, b, p.y) < p.x;
 }
 
 } // namespace
@@ -57,7 +52,7 @@ bool RingLocator::OddCrossings(std::size_t node, std::size_t first, std::size_t 
         return false;
     }
     if (p.x > box.maxX) {
-        return (Point(first).y > p.y) != (Point(last).y > p.y);
+        return PassesHeight(Point(first), Point(last), p.y);
     }
     bool odd = false;
     if (last - first <= SHORT_RUN) {

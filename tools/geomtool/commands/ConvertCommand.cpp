@@ -20,8 +20,7 @@ void Run(const Options& options) {
     CheckOutput(options.output);
     Progress progress;
     const std::vector<PolygonSet> inputs = ReadInputs(options.input, progress);
-    progress.Begin("writing");
-    WriteOutput(inputs[0], options.output, DEFAULT_FILL);
+    WriteOutput(inputs[0], options.output, DEFAULT_FILL, progress);
 }
 
 } // namespace

@@ -32,8 +32,10 @@ void Run(const Options& options) {
     progress.Begin("drawing");
     const std::vector<std::string> fills =
         inputs.size() == 1 ? std::vector<std::string>{DEFAULT_FILL} : LayerFills();
-    WriteFile(options.output,
-              WriteSvg(StyleLayers(std::move(inputs), options.drawing, fills), page));
+    const std::string drawing =
+        WriteSvg(StyleLayers(std::move(inputs), options.drawing, fills), page);
+    progress.Finish();
+    WriteFile(options.output, drawing);
 }
 
 } // namespace

@@ -29,6 +29,15 @@ Format OutputFormat(const OutputOptions& options) {
     return ChooseFormat(options.format, options.path, "--to");
 }
 
+std::string OutputBytes(const PolygonSet& shapes, const OutputOptions& options,
+                        const std::string& defaultFill) {
+    const Format format = OutputFormat(options);
+    if (format != Format::Svg) {
+        return FormatShapes(shapes, format, !options.withoutHoles);
+    }
+    return WriteSvg(StyleLayers({shapes}, options.drawing, {defaultFill}), PageOf(options.drawing));
+}
+
 } // namespace
 
 void AddInputOptions(CLI::App& command, InputOptions& options, std::size_t most) {
@@ -94,14 +103,11 @@ void CheckOutput(const OutputOptions& options) {
 }
 
 void WriteOutput(const PolygonSet& shapes, const OutputOptions& options,
-                 const std::string& defaultFill) {
-    const Format format = OutputFormat(options);
-    if (format == Format::Svg) {
-        const std::vector<SvgLayer> layers = StyleLayers({shapes}, options.drawing, {defaultFill});
-        WriteFile(options.path, WriteSvg(layers, PageOf(options.drawing)));
-    } else {
-        WriteFile(options.path, FormatShapes(shapes, format, !options.withoutHoles));
-    }
+                 const std::string& defaultFill, Progress& progress) {
+    progress.Begin("writing");
+    const std::string bytes = OutputBytes(shapes, options, defaultFill);
+    progress.Finish();
+    WriteFile(options.path, bytes);
 }
 
 std::vector<double> ParseNumbers(const std::string& option, const std::string& text,

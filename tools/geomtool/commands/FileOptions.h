@@ -53,10 +53,10 @@ inline constexpr const char* DEFAULT_FILL = "#c3d3b4";
 /// Throws a UsageError when the output's format or drawing makes no sense, before any work.
 void CheckOutput(const OutputOptions& options);
 
-/// Writes the shapes, as a drawing of one layer when the format is SVG.
+/// Writes the shapes, as a drawing of one layer when the format is SVG. Ends the progress.
 /// \param defaultFill the fill of the drawing unless an option chooses one.
 void WriteOutput(const PolygonSet& shapes, const OutputOptions& options,
-                 const std::string& defaultFill);
+                 const std::string& defaultFill, Progress& progress);
 
 /// Reads numbers such as "1,2.5,-3". Throws a UsageError that names the option when there are
 /// not exactly `count`.

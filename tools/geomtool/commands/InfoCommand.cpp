@@ -53,6 +53,7 @@ void Run(const Options& options) {
         const PolygonSet inside = Combine(SetOperation::Union, inputs[0], PolygonSet());
         text += "even-odd  " + AreaText(inside.Area()) + "\n";
     }
+    progress.Finish();
     WriteFile("-", text);
 }
 

@@ -65,6 +65,22 @@ PolygonSet RectangleShape(const geom::Box2d& box) {
     return shape;
 }
 
+/// The rectangle of --rect, if there is one. Throws a UsageError when the operands are too many or
+/// too few.
+std::optional<geom::Box2d> CheckOperands(const CommandEntry& entry, const Options& options) {
+    const bool hasSecondFile = options.input.paths.size() > 1;
+    if (options.rectangle.empty()) {
+        if (entry.needsSecond && !hasSecondFile) {
+            throw UsageError("needs a second operand, a file or --rect");
+        }
+        return std::nullopt;
+    }
+    if (hasSecondFile) {
+        throw UsageError("a second file and --rect exclude each other");
+    }
+    return ParseBox("--rect", options.rectangle);
+}
+
 /// The second operand: a file, the rectangle, or nothing.
 PolygonSet SecondOperand(std::vector<PolygonSet>& inputs, const std::optional<geom::Box2d>& box) {
     if (box) {
@@ -74,23 +90,12 @@ PolygonSet SecondOperand(std::vector<PolygonSet>& inputs, const std::optional<ge
 }
 
 void Run(const CommandEntry& entry, const Options& options) {
-    const bool hasRectangle = !options.rectangle.empty();
-    if (hasRectangle && options.input.paths.size() > 1) {
-        throw UsageError("a second file and --rect exclude each other");
-    }
-    if (entry.needsSecond && !hasRectangle && options.input.paths.size() < 2) {
-        throw UsageError("needs a second operand, a file or --rect");
-    }
-    std::optional<geom::Box2d> box;
-    if (hasRectangle) {
-        box = ParseBox("--rect", options.rectangle);
-    }
+    const std::optional<geom::Box2d> box = CheckOperands(entry, options);
     CheckOutput(options.output);
-
     Progress progress;
-    Statistics statistics;
     std::vector<PolygonSet> inputs = ReadInputs(options.input, progress);
     const PolygonSet second = SecondOperand(inputs, box);
+    Statistics statistics;
     statistics.AddInput(inputs[0]);
     statistics.AddInput(second);
     progress.Begin(entry.name);
@@ -99,8 +104,7 @@ void Run(const CommandEntry& entry, const Options& options) {
                                   ? CombineEach(entry.operation, inputs[0], second, progress)
                                   : Combine(entry.operation, inputs[0], second);
     statistics.StopClock();
-    progress.Begin("writing");
-    WriteOutput(result, options.output, DEFAULT_FILL);
+    WriteOutput(result, options.output, DEFAULT_FILL, progress);
     if (options.statistics) {
         statistics.Print(result);
     }

@@ -55,8 +55,7 @@ void Run(const Options& options) {
     progress.Begin("strips");
     const geom::GpcPolygon polygon = ToGpcPolygon(inputs[0]);
     const PolygonSet result = options.triangles ? Triangles(polygon) : StripOutlines(polygon);
-    progress.Begin("writing");
-    WriteOutput(result, options.output, PALETTE_FILL);
+    WriteOutput(result, options.output, PALETTE_FILL, progress);
 }
 
 } // namespace
