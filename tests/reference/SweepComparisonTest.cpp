@@ -39,24 +39,6 @@ TEST_P(SweepComparisonOfFamilies, EngineGivesThePlainResultToTheBit) {
     EXPECT_GT(tally.vertices, 10 * pairs);
 }
 
-/// Many active edges at once, rows in which dozens of things happen, long lists of crossings.
-TEST(SweepComparison, LargeShapes) {
-    struct LargeShape {
-        MakeOperands make;
-        int size;
-    };
-    constexpr LargeShape SHAPES[] = {
-        {Combs, 400},       {Spikes, 300},          {NestedHoles, 400},
-        {Staircases, 2000}, {Stars, 2000},          {Saws, 2000},
-        {Squares, 2000},    {TriangleMeshes, 2000}, {ScatteredTriangles, 300}};
-    Random random(Setting("GEOM_COMPARISON_SEED", SEED));
-    for (const LargeShape& shape : SHAPES) {
-        const ComparisonTally tally = Compare(shape.make(random, shape.size));
-        EXPECT_EQ(tally.differences, 0) << tally.example;
-        EXPECT_GT(tally.vertices, shape.size);
-    }
-}
-
 INSTANTIATE_TEST_SUITE_P(Families, SweepComparisonOfFamilies,
                          ::testing::ValuesIn(PolygonFamilies()), NameOf);
 

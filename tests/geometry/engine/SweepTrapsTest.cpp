@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <ostream>
 
 namespace geom::test {
 
@@ -19,6 +20,11 @@ struct Trap {
     Rings subject;
     Rings clip;
 };
+
+/// How GoogleTest shows a trap.
+void PrintTo(const Trap& trap, std::ostream* stream) {
+    *stream << trap.name;
+}
 
 Ring Raised(Ring ring, double by) {
     for (gpc_vertex& v : ring) {
@@ -119,7 +125,9 @@ TEST(SweepOverLongLists, EngineGivesThePlainResult) {
                  {"squares", Squares, 2000},       {"stars", Stars, 1000},
                  {"pencils", Pencils, 150},        {"overlaps", CollinearOverlaps, 200},
                  {"fine grid", FineGrid, 100},     {"scattered", ScatteredTriangles, 500},
-                 {"copies", CopiesMovedBy52, 200}, {"small grid", SmallGrid, 150}};
+                 {"copies", CopiesMovedBy52, 200}, {"small grid", SmallGrid, 150},
+                 {"stairs", Staircases, 2000},     {"saws", Saws, 2000},
+                 {"nested", NestedHoles, 400}};
     std::int64_t vertices = 0;
     for (const auto& item : CASES) {
         for (std::uint64_t seed = 1; seed <= 2; ++seed) {
