@@ -67,8 +67,12 @@ void DashToVector(benchmark::State& state) {
 
 // Tenths of a segment's length: five dashes to a segment, one dash to two and a half segments,
 // one dash to a hundred segments.
-BENCHMARK(DashToCallback)->Arg(1)->Arg(25)->Arg(1000)->Unit(benchmark::kMillisecond);
-BENCHMARK(DashToVector)->Arg(1)->Arg(25)->Arg(1000)->Unit(benchmark::kMillisecond);
+void Lengths(benchmark::internal::Benchmark* benchmark) {
+    benchmark->ArgName("tenths")->Arg(1)->Arg(25)->Arg(1000)->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(DashToCallback)->Apply(Lengths);
+BENCHMARK(DashToVector)->Apply(Lengths);
 
 } // namespace
 } // namespace geom
