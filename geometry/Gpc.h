@@ -123,9 +123,12 @@ GEOM_API void gpc_polygon_clip(gpc_op operation, const gpc_polygon* subject,
 /// As gpc_polygon_clip, with the result as triangle strips. The strips' previous content is
 /// overwritten without being released.
 ///
-/// A bound that starts exactly at the right end of another's horizontal top is compared with
-/// the carried edge's position and can cost a triangle: the union of the square
-/// (0,0)-(2,2) with the triangle (2,2), (1,4), (0,4) lacks half of the square.
+/// In general position the strips cover the result exactly. Where vertices of the operands
+/// coincide, or several edges cross in nearly one point, a triangle can be missing: a bound that
+/// starts exactly at the right end of another's horizontal top, for example, is compared with
+/// the carried edge's position, and the union of the square (0,0)-(2,2) with the triangle
+/// (2,2), (1,4), (0,4) lacks half of the square. The contours of gpc_polygon_clip are not
+/// affected.
 GEOM_API void gpc_tristrip_clip(gpc_op operation, const gpc_polygon* subject,
                                 const gpc_polygon* clip, gpc_tristrip* result);
 

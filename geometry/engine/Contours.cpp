@@ -206,15 +206,6 @@ void ContourOutput::AtBoundary(VertexClass vertexClass, Slot& slot, const gpc_ve
     }
 }
 
-void ContourOutput::AtSuccession(VertexClass vertexClass, const Slot& slot,
-                                 const gpc_vertex& point) {
-    if (vertexClass == VertexClass::LeftEdge) {
-        m_chains.AddLeft(slot.outp[ABOVE], point);
-    } else if (vertexClass == VertexClass::RightEdge) {
-        m_chains.AddRight(slot.outp[ABOVE], point);
-    }
-}
-
 void ContourOutput::AtCrossing(VertexClass vertexClass, Slot& left, Slot& right,
                                const gpc_vertex& point) {
     OutputIndex& p = left.outp[ABOVE];

@@ -72,9 +72,6 @@ public:
     void AtBoundary(VertexClass vertexClass, Slot& slot, const gpc_vertex& point);
     /// A crossing of two edges that both carry an operand.
     void AtCrossing(VertexClass vertexClass, Slot& left, Slot& right, const gpc_vertex& point);
-    /// An edge that gives way to the next one of its bound, with nothing else near.
-    void AtSuccession(VertexClass vertexClass, const Slot& slot, const gpc_vertex& point);
-
     gpc_polygon TakeResult() const { return m_chains.TakeResult(); }
 
 private:

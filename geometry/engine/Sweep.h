@@ -48,16 +48,26 @@ private:
         }
     }
 
-    // Most rows of a drawing hold nothing but one edge that gives way to the next.
+    // Most rows of a drawing hold nothing but one edge that gives way to the next. It is a
+    // boundary of the result or it is not; nothing else can happen.
     bool ProcessSuccession() {
-        if constexpr (!Output::NEEDS_INTERVALS) {
-            if (const Slot* slot = m_line.TakeSuccession()) {
-                m_output.AtSuccession(ClassifySuccession(m_operation, *slot), *slot,
-                                      {slot->bot.x, m_line.Y()});
-                return true;
+        Slot* slot = m_line.TakeSuccession();
+        if (slot == nullptr) {
+            return false;
+        }
+        const VertexClass vertexClass = ClassifySuccession(m_operation, *slot);
+        if (HasAction(vertexClass)) {
+            m_output.BeginRun();
+            if (Output::NEEDS_INTERVALS && vertexClass == VertexClass::RightEdge) {
+                CarryLeftBoundary(slot->prev);
+            }
+            RowEvents::Renew(*slot);
+            m_output.AtBoundary(vertexClass, *slot, PointOnRow(*slot));
+            if (Output::NEEDS_INTERVALS && vertexClass == VertexClass::LeftEdge) {
+                EndInterval(slot->next);
             }
         }
-        return false;
+        return true;
     }
 
     // Each run of events is walked from its first slot for as long as it goes on, or a
@@ -115,7 +125,9 @@ private:
         if (slot != nullptr) {
             RowEvents::Renew(*slot);
             slot->outp[ABOVE] = slot->outp[BELOW];
-            m_output.CarryFrom(*slot, slot->XAt(m_line.Y()));
+            if constexpr (Output::NEEDS_INTERVALS) {
+                m_output.CarryFrom(*slot, slot->XAt(m_line.Y()));
+            }
         }
     }
 

@@ -57,7 +57,7 @@ public:
     /// in order.
     void FindEvents();
     const Block<Slot*>& Events() const { return m_events.InOrder(); }
-    bool IsEvent(const Slot& slot) const { return m_events.IsEvent(slot); }
+    bool IsEvent(const Slot& slot) const { return slot.eventRow == m_row; }
     /// Takes out the bounds that have ended and schedules every pair that has changed.
     void EndRow();
 
