@@ -7,6 +7,7 @@ shopt -s nullglob
 
 prefix=$WORK_DIR/prefix
 include=$prefix/include
+host=$SOURCE_DIR/tests/install/host
 libraries=("$prefix/$LIB_DIR/libkit.so" "$prefix/$LIB_DIR/libgeometry.so")
 
 fail() {
@@ -89,27 +90,37 @@ each_header_compiles() {
             -Wall -Wextra -Wpedantic -Werror -I"$include" -include {} /dev/null
 }
 
+# expect_host_output FOLDER: both host programs print what they should.
 expect_host_output() {
-    LD_LIBRARY_PATH=$prefix/$LIB_DIR "$1" | diff "$SOURCE_DIR/tests/install/host/expected.txt" -
+    local program
+    for program in main errors; do
+        LD_LIBRARY_PATH=$prefix/$LIB_DIR "$1/$program" | diff "$host/$program.txt" -
+    done
 }
 
 host_builds_with_cmake() {
     local build=$WORK_DIR/cmake-host
-    "$CMAKE" -S "$SOURCE_DIR/tests/install/host" -B "$build" -DCMAKE_CXX_COMPILER="$CXX" \
+    "$CMAKE" -S "$host" -B "$build" -DCMAKE_CXX_COMPILER="$CXX" \
         -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_DISABLE_FIND_PACKAGE_OpenGL=ON
     "$CMAKE" --build "$build"
-    expect_host_output "$build/host"
+    expect_host_output "$build"
 }
 
 host_builds_with_pkg_config() {
     export PKG_CONFIG_PATH=$prefix/$LIB_DIR/pkgconfig
     local -a cflags libs
+    local program build=$WORK_DIR/pkg-config-host
     read -ra cflags <<<"$("$PKG_CONFIG" --cflags geometry)"
     read -ra libs <<<"$("$PKG_CONFIG" --libs geometry)"
-    mkdir -p "$WORK_DIR/pkg-config-host"
-    "$CXX" -std=c++17 "${cflags[@]}" "$SOURCE_DIR/tests/install/host/main.cpp" \
-        -o "$WORK_DIR/pkg-config-host/host" "${libs[@]}"
-    expect_host_output "$WORK_DIR/pkg-config-host/host"
+    mkdir -p "$build"
+    for program in main errors; do
+        "$CXX" -std=c++17 "${cflags[@]}" "$host/$program.cpp" -o "$build/$program" "${libs[@]}"
+    done
+    expect_host_output "$build"
+}
+
+readme_shows_the_host() {
+    diff "$host/main.cpp" <(sed -n '/^```cpp$/,/^```$/p' "$SOURCE_DIR/README.md" | sed '1d;$d')
 }
 
 "$@"
