@@ -17,8 +17,8 @@
 /// In exact arithmetic segment and edge then share a point. All three values are rounded, so an
 /// accepted edge may miss the segment; the index must know by how much. Let u = 2^-53, |v| be
 /// |v.x| + |v.y|, and E the larger extent of the box around ring and segment, so that |a|, |d|
-/// and |e| are at most 2 E. Coordinates are at most 2^300 and the components of d and e are 0
-/// or at least 2^-300 in size (IsGoodFor), so no product overflows, none in den underflows, and
+/// and |e| are at most 2 E. Coordinates are at most 2^250 and the components of d and e are 0
+/// or at least 2^-250 in size (IsGoodFor), so no product overflows, none in den underflows, and
 /// an underflow in s or t changes them by less than 2^-1073, which is nothing beside the rest.
 /// Differences are off by a factor of 1 +- u, which moves points by at most 6 u E.
 ///
@@ -59,15 +59,15 @@
 ///
 /// These limits are at least twice what the cases need, which leaves room for the roundings of
 /// places and limits themselves. Both are relative to the ring's box and to P, so that they do
-/// not grow with the distance from the origin; they are scaled by a power of two, and single
-/// precision is always rounded outwards.
+/// not grow with the distance from the origin; they are scaled by a power of two, of at most
+/// 2^250, which overflows nothing either, and single precision is always rounded outwards.
 
 namespace geom::detail {
 
 namespace {
 
-constexpr double LARGEST_COORDINATE = 0x1p300;
-constexpr double SMALLEST_EXTENT = 0x1p-300;
+constexpr double LARGEST_COORDINATE = 0x1p250;
+constexpr double SMALLEST_EXTENT = 0x1p-250;
 constexpr double NEAR = 0x1p-28;              // as a fraction of the extent in question
 constexpr double NEARLY_PARALLEL = 0x1p-18;   // as a difference of directions
 constexpr double NEAR_OF_PARALLELS = 0x1p-19; // as a fraction of a box's extent

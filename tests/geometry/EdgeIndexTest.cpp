@@ -256,7 +256,7 @@ TEST(EdgeIndex, IsGoodForSegmentsOfModerateSize) {
     const double notANumber = std::numeric_limits<double>::quiet_NaN();
     EXPECT_TRUE(index.IsGoodFor({0, 0}, {1, 1}));
     EXPECT_TRUE(index.IsGoodFor({0, 0}, {0, 0}));
-    EXPECT_TRUE(index.IsGoodFor({1e80, 0}, {0, -1e80}));
+    EXPECT_TRUE(index.IsGoodFor({1e70, 0}, {0, -1e70}));
     EXPECT_FALSE(index.IsGoodFor({1e100, 0}, {0, 0}));
     EXPECT_FALSE(index.IsGoodFor({1e-100, 0}, {0, 0}));
     EXPECT_FALSE(index.IsGoodFor({0, notANumber}, {0, 0}));
