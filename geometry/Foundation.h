@@ -15,6 +15,7 @@ using kit::CPodVector;
 using kit::doubledouble;
 using kit::Exception;
 using kit::GString;
+using kit::IError;
 using kit::Mat4d;
 using kit::Vec2d;
 using kit::Vec3d;

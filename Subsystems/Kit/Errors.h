@@ -7,13 +7,13 @@
 
 namespace kit {
 
-/// An error object that can be handed to the exception logger.
+/// The base of error objects that can be handed to the exception logger.
 class KIT_API IError {
 public:
     IError() = default;
     IError(const IError&) = default;
     IError& operator=(const IError&) = default;
-    virtual ~IError();
+    virtual ~IError() = 0;
 };
 
 /// Throws an Exception for an internal inconsistency or an argument that a caller must not

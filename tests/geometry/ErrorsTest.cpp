@@ -11,6 +11,9 @@ namespace {
 
 using test::ExpectError;
 
+static_assert(std::is_same_v<geom::IError, kit::IError> &&
+              std::is_same_v<geom::Exception, kit::Exception>);
+
 TEST(ThrowErrorImpl, NullModuleMeansThisLibrary) {
     ExpectError([] { ThrowErrorImpl(nullptr, L"Host", 7, L"no pen"); }, "Geometry", "Host", 7,
                 "no pen");

@@ -16,7 +16,7 @@ using geom::test::ExpectError;
 
 static_assert(!std::has_virtual_destructor_v<Exception> && !std::is_polymorphic_v<Exception>);
 static_assert(std::is_copy_constructible_v<Exception> && std::is_copy_assignable_v<Exception>);
-static_assert(std::has_virtual_destructor_v<IError>);
+static_assert(std::is_abstract_v<IError> && std::has_virtual_destructor_v<IError>);
 
 TEST(Exception, HoldsItsFiveValues) {
     const Exception e("Module", L"File", -7, "why", true);
