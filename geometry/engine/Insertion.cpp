@@ -55,24 +55,26 @@ Slot* Insertion::FindInSortedList(const Slot& bound) const {
         }
         place = next;
     }
-    Slot* below = m_list.FindBelow(place, m_list.Last(), bound.bot.x, m_y);
-    return WalkFrom(below != nullptr ? below : place, bound);
+    return FindInRun(place, m_list.Last(), bound);
 }
 
-// A run whose last x is smaller holds nothing greater; the first other run holds the place, or
-// only slots of equal x that the walk passes.
+// A run whose last x is smaller holds nothing greater, unless it is the last one, at whose end
+// the bound then belongs; the first other run holds the place, or only slots of equal x that the
+// walk passes.
 Slot* Insertion::FindInRuns(const Slot& bound) const {
     Slot* first = m_list.First();
-    for (std::uint64_t run = 0; run <= m_inversions.Count(); ++run) {
-        const bool isLast = run == m_inversions.Count();
-        Slot* last = isLast ? m_list.Last() : m_inversions[run]->prev;
-        if (last != nullptr && !(last->XAt(m_y) < bound.bot.x)) {
-            Slot* below = m_list.FindBelow(first, last, bound.bot.x, m_y);
-            return WalkFrom(below != nullptr ? below : first->prev, bound);
+    for (Slot* inversion : m_inversions) {
+        if (!(inversion->prev->XAt(m_y) < bound.bot.x)) {
+            return FindInRun(first, inversion->prev, bound);
         }
-        first = isLast ? nullptr : m_inversions[run];
+        first = inversion;
     }
-    return m_list.Last();
+    return FindInRun(first, m_list.Last(), bound);
+}
+
+Slot* Insertion::FindInRun(Slot* first, Slot* last, const Slot& bound) const {
+    Slot* below = m_list.FindBelow(first, last, bound.bot.x, m_y);
+    return WalkFrom(below != nullptr ? below : first->prev, bound);
 }
 
 } // namespace geom::detail

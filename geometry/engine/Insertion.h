@@ -35,6 +35,7 @@ private:
     Slot* WalkFrom(Slot* place, const Slot& bound) const;
     Slot* FindInSortedList(const Slot& bound) const;
     Slot* FindInRuns(const Slot& bound) const;
+    Slot* FindInRun(Slot* first, Slot* last, const Slot& bound) const;
 
     const ActiveList& m_list;
     bool m_walkOnly;

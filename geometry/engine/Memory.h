@@ -45,8 +45,10 @@ public:
     /// Makes room for this many elements in all.
     void Reserve(std::uint64_t capacity) {
         if (capacity > m_capacity) {
-            m_data = static_cast<T*>(
-                GpcRealloc(m_data, capacity * sizeof(T), ENGINE_FILE, LINE_ALLOCATE_RUN, m_reason));
+            // NOLINTNEXTLINE(bugprone-sizeof-expression): some blocks do hold pointers
+            const std::uint64_t size = capacity * sizeof(T);
+            m_data =
+                static_cast<T*>(GpcRealloc(m_data, size, ENGINE_FILE, LINE_ALLOCATE_RUN, m_reason));
             m_capacity = capacity;
         }
     }
