@@ -100,7 +100,7 @@ expect_host_output() {
 
 host_builds_with_cmake() {
     local build=$WORK_DIR/cmake-host
-    "$CMAKE" -S "$host" -B "$build" -DCMAKE_CXX_COMPILER="$CXX" \
+    "$CMAKE" -G "$GENERATOR" -S "$host" -B "$build" -DCMAKE_CXX_COMPILER="$CXX" \
         -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_DISABLE_FIND_PACKAGE_OpenGL=ON
     "$CMAKE" --build "$build"
     expect_host_output "$build"
