@@ -61,7 +61,7 @@ std::string Short(double value, int decimals) {
 }
 
 Panel::Panel(std::string caption, const Box2d& view, double width)
-    : m_caption(std::move(caption)), m_view(view), m_width(width),
+    : m_caption(std::move(caption)), m_view(view),
       m_height(width * (view.maxY - view.minY) / (view.maxX - view.minX)),
       m_scale(width / (view.maxX - view.minX)) {}
 

@@ -87,7 +87,6 @@ private:
 
     std::string m_caption;
     Box2d m_view;
-    double m_width;
     double m_height;
     double m_scale;
     std::string m_body;
