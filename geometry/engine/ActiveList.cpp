@@ -2,6 +2,7 @@
 #include "geometry/engine/ActiveList.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -14,6 +15,11 @@ constexpr std::uint64_t LARGEST_LABEL = std::numeric_limits<std::uint64_t>::max(
 // Edges mostly come in from left to right: a bounded step keeps the gap that is left for those
 // that follow.
 constexpr std::uint64_t LABEL_STEP = std::uint64_t{1} << 40U;
+
+// A range of 2^b labels is sparse when at most 1.5^b of them are in use. The largest ranges allow
+// more than 10^11, so the limit is never in the way of a list that fits into memory.
+constexpr double GROWTH_OF_LIMIT = 1.5;
+constexpr unsigned SMALLEST_RANGE_BITS = 4;
 
 } // namespace
 
@@ -37,17 +43,44 @@ void ActiveList::Label(Slot* slot) {
     const std::uint64_t right = slot->next != nullptr ? slot->next->label : LARGEST_LABEL;
     const std::uint64_t step = std::min((right - left) / 2, LABEL_STEP);
     if (step == 0) {
-        RelabelAll();
+        RelabelAround(slot);
     } else {
         slot->label = left + step;
     }
 }
 
-void ActiveList::RelabelAll() {
-    const std::uint64_t step = std::min(LABEL_STEP, LARGEST_LABEL / (m_count + 1));
-    std::uint64_t label = 0;
-    for (Slot* slot = m_first; slot != nullptr; slot = slot->next) {
-        slot->label = label += step;
+// Spreads the labels around a slot that has none yet over the smallest aligned range that is
+// sparse enough. Larger ranges must be sparser, so every label moved is paid for by insertions
+// that came before, and inserting at one place again and again stays cheap.
+void ActiveList::RelabelAround(Slot* slot) {
+    const std::uint64_t base = slot->prev != nullptr ? slot->prev->label : 0;
+    Slot* first = slot;
+    Slot* last = slot;
+    std::uint64_t count = 1;
+    double most = std::pow(GROWTH_OF_LIMIT, SMALLEST_RANGE_BITS);
+    for (unsigned bits = SMALLEST_RANGE_BITS; bits < 64; ++bits, most *= GROWTH_OF_LIMIT) {
+        const std::uint64_t size = std::uint64_t{1} << bits;
+        const std::uint64_t low = base & ~(size - 1);
+        for (; first->prev != nullptr && first->prev->label >= low; ++count) {
+            first = first->prev;
+        }
+        for (; last->next != nullptr && last->next->label - low < size; ++count) {
+            last = last->next;
+        }
+        if (static_cast<double>(count) <= most) {
+            Spread(first, last, low, size / count);
+            return;
+        }
+    }
+    Spread(m_first, m_last, 0, LARGEST_LABEL / m_count);
+}
+
+// Leaves room before the first label, too.
+void ActiveList::Spread(Slot* first, Slot* last, std::uint64_t low, std::uint64_t step) {
+    const Slot* end = last->next;
+    std::uint64_t label = low + step / 2;
+    for (Slot* slot = first; slot != end; slot = slot->next, label += step) {
+        slot->label = label;
     }
 }
 

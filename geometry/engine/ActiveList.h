@@ -5,10 +5,10 @@
 /// The active edges in walking order.
 ///
 /// Beside the links the list keeps two things that make order cheap to ask for. Labels grow
-/// along the list, so that two slots are compared at once (a simple form of the order
-/// maintenance of Dietz and Sleator, "Two algorithms for maintaining order in a list", STOC
-/// 1987). And a directory of leaves, runs of up to 16 neighbours, lets a binary search find the
-/// place of a new edge.
+/// along the list, so that two slots are compared at once; where they run out they are spread
+/// locally (Bender, Cole, Demaine, Farach-Colton and Zito, "Two simplified algorithms for
+/// maintaining order in a list", ESA 2002). And a directory of leaves, runs of up to 16
+/// neighbours, lets a binary search find the place of a new edge.
 
 #include "geometry/engine/Memory.h"
 #include "geometry/engine/Records.h"
@@ -50,7 +50,8 @@ private:
 
     void Link(Slot* place, Slot* slot);
     void Label(Slot* slot);
-    void RelabelAll();
+    void RelabelAround(Slot* slot);
+    static void Spread(Slot* first, Slot* last, std::uint64_t low, std::uint64_t step);
     std::uint32_t NewLeaf();
     std::uint64_t RankOf(const Slot* slot) const;
     void InsertIntoLeaf(Slot* place, Slot* slot);

@@ -168,6 +168,42 @@ TEST(ActiveList, InsertionAtOnePlaceUsesUpAGapAndRelabels) {
     ExpectInOrder(list, expected);
 }
 
+// Labels that change when slots come in, each behind the one `place` picks from those there are.
+template <typename Place>
+std::uint64_t LabelsMoved(int insertions, Place place) {
+    std::vector<std::unique_ptr<Slot>> storage;
+    std::vector<Slot*> expected;
+    std::vector<std::uint64_t> labels;
+    ActiveList list;
+    std::uint64_t moved = 0;
+    for (int i = 0; i < insertions; ++i) {
+        storage.push_back(Upright(0));
+        const std::size_t at = place(expected.size());
+        list.InsertBehind(at == 0 ? nullptr : expected[at - 1], storage.back().get());
+        expected.insert(expected.begin() + static_cast<std::ptrdiff_t>(at), storage.back().get());
+        labels.insert(labels.begin() + static_cast<std::ptrdiff_t>(at), expected[at]->label);
+        for (std::size_t k = 0; k < labels.size(); ++k) {
+            moved += labels[k] != expected[k]->label ? 1U : 0U;
+            labels[k] = expected[k]->label;
+        }
+    }
+    ExpectInOrder(list, expected);
+    return moved;
+}
+
+TEST(ActiveList, InsertionMovesFewLabels) {
+    constexpr int INSERTIONS = 10000;
+    constexpr std::uint64_t MOST = 20 * std::uint64_t{INSERTIONS};
+    const auto atHead = [](std::size_t) { return std::size_t{0}; };
+    const auto behindFirst = [](std::size_t n) { return n == 0 ? n : 1; };
+    const auto beforeLast = [](std::size_t n) { return n == 0 ? n : n - 1; };
+    const auto inTheMiddle = [](std::size_t n) { return n / 2; };
+    EXPECT_LT(LabelsMoved(INSERTIONS, atHead), MOST);
+    EXPECT_LT(LabelsMoved(INSERTIONS, behindFirst), MOST);
+    EXPECT_LT(LabelsMoved(INSERTIONS, beforeLast), MOST);
+    EXPECT_LT(LabelsMoved(INSERTIONS, inTheMiddle), MOST);
+}
+
 TEST(ActiveList, SwapsWholeBundles) {
     std::vector<std::unique_ptr<Slot>> storage;
     std::vector<Slot*> slots;
