@@ -19,7 +19,7 @@ namespace geom::bench {
 
 namespace {
 
-constexpr Effort THOROUGH = {0.15, 6};
+constexpr Effort THOROUGH = {0.1, 4};
 constexpr Effort QUICK = {0.02, 0.5};
 /// In a quick run, larger inputs are left out.
 constexpr int QUICK_SIZE = 100000;
@@ -64,7 +64,8 @@ double TotalSeconds(const Result& result) {
     return result.nanoseconds * result.units * 1e-9;
 }
 
-/// Goes by the sizes before, and expects squares where only one is known.
+/// Goes by the sizes before. Expects squares where only one is known, and where time already grows
+/// much faster than the input, since it then tends to grow faster yet.
 bool Comparison::IsTooSlow(const Workload& workload, const Library& library, double units) const {
     std::vector<const Result*> before;
     for (const Result& result : m_results) {
@@ -84,6 +85,7 @@ bool Comparison::IsTooSlow(const Workload& workload, const Library& library, dou
         const Result& first = *before[before.size() - 2];
         exponent =
             std::log(TotalSeconds(last) / TotalSeconds(first)) / std::log(last.units / first.units);
+        exponent = exponent > 1.5 ? std::max(exponent, 2.0) : exponent;
     }
     return TotalSeconds(last) * std::pow(units / last.units, exponent) > m_effort.longest;
 }
