@@ -82,6 +82,14 @@ PolygonSet ReadShapes(const std::string& path, Format format, bool holeFlags) {
     throw ErrorIn(name, "SVG files can be written, not read");
 }
 
+Figure ReadFigure(const std::string& path, Format format, bool holeFlags) {
+    switch (format) {
+    case Format::Wkt: return ReadWktFigure(DisplayName(path), ReadFile(path));
+    case Format::GeoJson: return ReadGeoJsonFigure(DisplayName(path), ReadFile(path));
+    default: return {ReadShapes(path, format, holeFlags), {}};
+    }
+}
+
 std::string FormatShapes(const PolygonSet& shapes, Format format, bool holeFlags) {
     switch (format) {
     case Format::Text: return WriteText(shapes, holeFlags);
@@ -91,6 +99,29 @@ std::string FormatShapes(const PolygonSet& shapes, Format format, bool holeFlags
     case Format::Svg: break;
     }
     throw UsageError("a drawing has no plain form");
+}
+
+bool HoldsLines(Format format) {
+    return format == Format::Wkt || format == Format::GeoJson || format == Format::Svg;
+}
+
+std::string FormatLines(const LineSet& lines, Format format) {
+    switch (format) {
+    case Format::Wkt: return WriteWkt(lines);
+    case Format::GeoJson: return WriteGeoJson(lines);
+    default: throw UsageError("lines can be written as wkt, geojson or svg");
+    }
+}
+
+std::string FormatFigure(const Figure& figure, Format format, bool holeFlags) {
+    if (figure.lines.lines.empty()) {
+        return FormatShapes(figure.polygons, format, holeFlags);
+    }
+    switch (format) {
+    case Format::Wkt: return WriteWkt(figure);
+    case Format::GeoJson: return WriteGeoJson(figure);
+    default: return FormatLines(figure.lines, format); // refuses
+    }
 }
 
 } // namespace geomtool

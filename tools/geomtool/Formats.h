@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tools/geomtool/PolygonSet.h"
+#include "tools/geomtool/Figure.h"
 
 #include <optional>
 #include <string>
@@ -27,7 +27,20 @@ std::optional<Format> FormatOfPath(const std::string& path);
 /// Reads a file or standard input. SVG cannot be read.
 PolygonSet ReadShapes(const std::string& path, Format format, bool holeFlags);
 
+/// The same with lines, which WKT and GeoJSON can hold.
+Figure ReadFigure(const std::string& path, Format format, bool holeFlags);
+
 /// The bytes of a file with the shapes. `format` is not Svg: a drawing takes a style, too.
 std::string FormatShapes(const PolygonSet& shapes, Format format, bool holeFlags);
+
+/// Whether a format can hold lines.
+bool HoldsLines(Format format);
+
+/// The bytes of a file with lines. Throws a UsageError for a format that holds none.
+std::string FormatLines(const LineSet& lines, Format format);
+
+/// The bytes of a file with polygons and lines. Throws a UsageError when there are lines and the
+/// format holds none.
+std::string FormatFigure(const Figure& figure, Format format, bool holeFlags);
 
 } // namespace geomtool

@@ -81,13 +81,34 @@ void AppendRings(const Coordinates& coordinates, bool multi, std::vector<Ring>& 
     }
 }
 
+/// The lines of a LineString or a MultiLineString.
+void AppendLines(const Coordinates& coordinates, std::vector<Line>& out) {
+    auto first = coordinates.points.begin();
+    for (const std::size_t end : coordinates.ringEnds) {
+        const auto last = coordinates.points.begin() + static_cast<std::ptrdiff_t>(end);
+        if (first != last) {
+            out.emplace_back(first, last);
+        }
+        first = last;
+    }
+}
+
+/// Moves the elements of a vector behind those of another one.
+template <typename T>
+void AppendMoved(std::vector<T>& from, std::vector<T>& to) {
+    std::move(from.begin(), from.end(), std::back_inserter(to));
+}
+
+/// Which geometries a file may hold.
+enum class Kinds { Polygons, PolygonsAndLines };
+
 /// A GeoJSON object that is being read: a geometry, a feature or a collection.
 struct GeoObject {
     std::string type;
     Coordinates coordinates;
     bool hasCoordinates = false;
-    /// The rings of its geometries or features, and whether it has such a member at all.
-    std::vector<Ring> parts;
+    /// What its geometries or features hold, and whether it has such a member at all.
+    Figure parts;
     bool hasParts = false;
 };
 
@@ -102,14 +123,15 @@ enum class Level {
 /// Receives the parser's events; their names and arguments are the parser's.
 class GeoJsonHandler {
 public:
-    GeoJsonHandler(const std::string& file, std::string_view text)
-        : m_file(file), m_text(text), m_reached(text.data()) {}
+    GeoJsonHandler(const std::string& file, std::string_view text, Kinds kinds)
+        : m_file(file), m_text(text), m_reached(text.data()),
+          m_takesLines(kinds == Kinds::PolygonsAndLines) {}
 
-    PolygonSet Read() {
+    Figure Read() {
         const char* const end = m_text.data() + m_text.size();
         nlohmann::json::sax_parse(CountingIterator(m_text.data(), &m_reached),
                                   CountingIterator(end, &m_reached), this);
-        return std::move(m_shapes);
+        return std::move(m_figure);
     }
 
     bool null() {
@@ -287,21 +309,28 @@ private:
     void FinishObject() {
         GeoObject object = std::move(m_objects.back());
         m_objects.pop_back();
-        std::vector<Ring>& out = m_objects.empty() ? m_shapes.rings : m_objects.back().parts;
+        Figure& out = m_objects.empty() ? m_figure : m_objects.back().parts;
         if (object.type == "Polygon" || object.type == "MultiPolygon") {
             const bool multi = object.type == "MultiPolygon";
             CheckCoordinates(object, multi ? 4 : 3);
-            AppendRings(object.coordinates, multi, out);
+            AppendRings(object.coordinates, multi, out.polygons.rings);
+        } else if (m_takesLines &&
+                   (object.type == "LineString" || object.type == "MultiLineString")) {
+            CheckCoordinates(object, object.type == "LineString" ? 2 : 3);
+            AppendLines(object.coordinates, out.lines.lines);
         } else if (object.type == "Feature" || object.type == "FeatureCollection" ||
                    object.type == "GeometryCollection") {
             if (!object.hasParts && object.type != "Feature") {
                 Fail("the " + object.type + " has no members");
             }
-            std::move(object.parts.begin(), object.parts.end(), std::back_inserter(out));
+            AppendMoved(object.parts.polygons.rings, out.polygons.rings);
+            AppendMoved(object.parts.lines.lines, out.lines.lines);
         } else if (object.type.empty()) {
             Fail("the object has no type, so it is no GeoJSON");
         } else {
-            Fail("expected a Polygon or MultiPolygon, found '" + object.type.substr(0, 40) + "'");
+            const std::string wanted = m_takesLines ? "LineString, MultiLineString, " : "a ";
+            Fail("expected " + wanted + "Polygon or MultiPolygon, found '" +
+                 object.type.substr(0, 40) + "'");
         }
     }
 
@@ -324,6 +353,7 @@ private:
     std::string m_file;
     std::string_view m_text;
     const char* m_reached;
+    bool m_takesLines;
     std::vector<Level> m_levels;
     std::vector<GeoObject> m_objects;
     /// The name of the member in hand, of the innermost object.
@@ -331,13 +361,17 @@ private:
     /// Within "coordinates": the number of open arrays, and the numbers so far in the innermost.
     std::size_t m_coordinateDepth = 0;
     std::size_t m_numbers = 0;
-    PolygonSet m_shapes;
+    Figure m_figure;
 };
 
 } // namespace
 
 PolygonSet ReadGeoJson(const std::string& file, std::string_view text) {
-    return GeoJsonHandler(file, text).Read();
+    return GeoJsonHandler(file, text, Kinds::Polygons).Read().polygons;
+}
+
+Figure ReadGeoJsonFigure(const std::string& file, std::string_view text) {
+    return GeoJsonHandler(file, text, Kinds::PolygonsAndLines).Read();
 }
 
 } // namespace geomtool

@@ -30,6 +30,14 @@ void AppendRing(std::string& out, const Ring& ring, bool counterClockwise) {
     out += ']';
 }
 
+void AppendLine(std::string& out, const Line& line) {
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        out += i > 0 ? ',' : '[';
+        AppendPosition(out, line[i]);
+    }
+    out += ']';
+}
+
 void AppendPolygon(std::string& out, const PolygonSet& shapes, const NestedPolygon& polygon) {
     out += '[';
     AppendRing(out, shapes.rings[polygon.exterior], true);
@@ -53,6 +61,34 @@ std::string WriteGeoJson(const PolygonSet& shapes) {
     }
     out += single ? "}\n" : "]}\n";
     return out;
+}
+
+std::string WriteGeoJson(const LineSet& lines) {
+    std::string out;
+    std::size_t count = 0;
+    for (const Line& line : lines.lines) {
+        if (line.size() >= 2) {
+            out += count++ > 0 ? ",\n" : "\n";
+            AppendLine(out, line);
+        }
+    }
+    return count == 1 ? "{\"type\":\"LineString\",\"coordinates\":" + out + "}\n"
+                      : "{\"type\":\"MultiLineString\",\"coordinates\":[" + out + "]}\n";
+}
+
+std::string WriteGeoJson(const Figure& figure) {
+    if (figure.lines.lines.empty()) {
+        return WriteGeoJson(figure.polygons);
+    }
+    std::string lines = WriteGeoJson(figure.lines);
+    if (figure.polygons.rings.empty()) {
+        return lines;
+    }
+    std::string polygons = WriteGeoJson(figure.polygons);
+    polygons.pop_back(); // the ends of the lines
+    lines.pop_back();
+    return "{\"type\":\"GeometryCollection\",\"geometries\":[\n" + polygons + ",\n" + lines +
+           "]}\n";
 }
 
 } // namespace geomtool

@@ -75,10 +75,12 @@ void AppendPixels(std::string& out, double pixels) {
     AppendFixed(out, std::llround(pixels * 100), 2);
 }
 
-/// One closed subpath, each point relative to the one before. Points that fall together on the
-/// page are drawn once.
-void AppendRing(std::string& out, const std::vector<Vec2d>& points, const PageMap& map,
-                int decimals) {
+enum class Ends { Open, Closed };
+
+/// One subpath, each point relative to the one before. Points that fall together on the page are
+/// drawn once.
+void AppendSubpath(std::string& out, const std::vector<Vec2d>& points, Ends ends,
+                   const PageMap& map, int decimals) {
     PagePoint last = map.Map(points.front());
     out += 'M';
     AppendCoordinate(out, last.x, decimals);
@@ -96,7 +98,7 @@ void AppendRing(std::string& out, const std::vector<Vec2d>& points, const PageMa
     if (out.size() == start) {
         out += "0 0"; // a dot
     }
-    out += "z\n";
+    out += ends == Ends::Closed ? "z\n" : "\n";
 }
 
 class LayerWriter {
@@ -114,6 +116,7 @@ public:
         } else {
             WriteWhole();
         }
+        WriteLines();
         m_out += "</g>\n";
     }
 
@@ -122,6 +125,14 @@ private:
         BeginPath(m_layer.fill);
         for (const Ring& ring : m_layer.shapes.rings) {
             AddRing(ring);
+        }
+        EndPath();
+    }
+
+    void WriteLines() {
+        BeginPath("none");
+        for (const Line& line : m_layer.lines.lines) {
+            AddSubpath(line, Ends::Open);
         }
         EndPath();
     }
@@ -145,9 +156,11 @@ private:
         m_dataStart = m_out.size();
     }
 
-    void AddRing(const Ring& ring) {
-        if (!ring.points.empty() && m_map.Shows(BoxOf(ring.points))) {
-            AppendRing(m_out, ring.points, m_map, m_decimals);
+    void AddRing(const Ring& ring) { AddSubpath(ring.points, Ends::Closed); }
+
+    void AddSubpath(const std::vector<Vec2d>& points, Ends ends) {
+        if (!points.empty() && m_map.Shows(BoxOf(points))) {
+            AppendSubpath(m_out, points, ends, m_map, m_decimals);
         }
     }
 
@@ -176,6 +189,7 @@ Box2d ViewOf(const std::vector<SvgLayer>& layers, const SvgPage& page) {
     } else {
         for (const SvgLayer& layer : layers) {
             view |= layer.shapes.Box();
+            view |= layer.lines.Box();
         }
     }
     if (view.IsEmpty()) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tools/geomtool/PolygonSet.h"
+#include "tools/geomtool/Figure.h"
 
 #include <optional>
 #include <string>
@@ -24,6 +24,8 @@ struct SvgLayer {
     std::string stroke;
     /// In pixels.
     double strokeWidth = 1;
+    /// Drawn over the shapes, without a fill.
+    LineSet lines = {};
 };
 
 struct SvgPage {

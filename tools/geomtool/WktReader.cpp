@@ -12,16 +12,20 @@ namespace {
 
 constexpr int DEEPEST_COLLECTION = 100;
 
+/// Which geometries a text may hold.
+enum class Kinds { Polygons, PolygonsAndLines };
+
 class WktParser {
 public:
-    WktParser(const std::string& file, std::string_view text) : m_scanner(file, text) {}
+    WktParser(const std::string& file, std::string_view text, Kinds kinds)
+        : m_scanner(file, text), m_takesLines(kinds == Kinds::PolygonsAndLines) {}
 
-    PolygonSet ParseAll() {
+    Figure ParseAll() {
         do {
             ParseGeometry(0);
             m_scanner.Accept(';');
         } while (!m_scanner.AtEnd());
-        return std::move(m_shapes);
+        return std::move(m_figure);
     }
 
 private:
@@ -29,7 +33,9 @@ private:
     void ParseCollection(int depth);
     void ParsePolygon();
     void ParseRing(bool hole);
-    void ParsePoint(Ring& ring);
+    void ParseLine();
+    void ParsePoint(std::vector<geom::Vec2d>& points);
+    [[noreturn]] void FailGeometry(const std::string& found) const;
 
     /// Takes "EMPTY", or the parenthesis that opens a list; false when the list is empty.
     bool OpenList();
@@ -47,13 +53,15 @@ private:
     }
 
     TextScanner m_scanner;
-    PolygonSet m_shapes;
+    bool m_takesLines;
+    Figure m_figure;
 };
 
 /// Removes a dimension mark written without a blank, as in POLYGONZ.
 std::string WithoutDimension(std::string tag) {
     for (const std::string mark : {"ZM", "Z", "M"}) {
-        for (const char* const name : {"POLYGON", "MULTIPOLYGON", "GEOMETRYCOLLECTION"}) {
+        for (const char* const name :
+             {"POLYGON", "MULTIPOLYGON", "LINESTRING", "MULTILINESTRING", "GEOMETRYCOLLECTION"}) {
             if (tag == name + mark) {
                 return name;
             }
@@ -70,11 +78,23 @@ void WktParser::ParseGeometry(int depth) {
         ParseList([this] { ParsePolygon(); });
     } else if (tag == "GEOMETRYCOLLECTION") {
         ParseCollection(depth + 1);
-    } else if (tag.empty()) {
-        m_scanner.Fail("expected a geometry such as POLYGON");
+    } else if (m_takesLines && tag == "LINESTRING") {
+        ParseLine();
+    } else if (m_takesLines && tag == "MULTILINESTRING") {
+        ParseList([this] { ParseLine(); });
     } else {
-        m_scanner.Fail("expected POLYGON, MULTIPOLYGON or GEOMETRYCOLLECTION, found " + tag);
+        FailGeometry(tag);
     }
+}
+
+void WktParser::FailGeometry(const std::string& found) const {
+    const std::string lines = m_takesLines ? "LINESTRING, MULTILINESTRING, " : "";
+    if (found.empty()) {
+        m_scanner.Fail(m_takesLines ? "expected a geometry such as LINESTRING"
+                                    : "expected a geometry such as POLYGON");
+    }
+    m_scanner.Fail("expected " + lines + "POLYGON, MULTIPOLYGON or GEOMETRYCOLLECTION, found " +
+                   found);
 }
 
 void WktParser::ParseCollection(int depth) {
@@ -93,17 +113,25 @@ void WktParser::ParsePolygon() {
 void WktParser::ParseRing(bool hole) {
     Ring ring;
     ring.hole = hole;
-    ParseList([this, &ring] { ParsePoint(ring); });
+    ParseList([this, &ring] { ParsePoint(ring.points); });
     DropClosingPoint(ring.points);
     if (!ring.points.empty()) {
-        m_shapes.rings.push_back(std::move(ring));
+        m_figure.polygons.rings.push_back(std::move(ring));
     }
 }
 
-void WktParser::ParsePoint(Ring& ring) {
+void WktParser::ParseLine() {
+    Line line;
+    ParseList([this, &line] { ParsePoint(line); });
+    if (!line.empty()) {
+        m_figure.lines.lines.push_back(std::move(line));
+    }
+}
+
+void WktParser::ParsePoint(std::vector<geom::Vec2d>& points) {
     const double x = m_scanner.Number();
     const double y = m_scanner.Number();
-    ring.points.emplace_back(x, y);
+    points.emplace_back(x, y);
     for (int extra = 0; extra < 2 && m_scanner.AtNumber(); ++extra) {
         m_scanner.Number(); // height, measure
     }
@@ -127,7 +155,11 @@ bool WktParser::OpenList() {
 } // namespace
 
 PolygonSet ReadWkt(const std::string& file, std::string_view text) {
-    return WktParser(file, text).ParseAll();
+    return WktParser(file, text, Kinds::Polygons).ParseAll().polygons;
+}
+
+Figure ReadWktFigure(const std::string& file, std::string_view text) {
+    return WktParser(file, text, Kinds::PolygonsAndLines).ParseAll();
 }
 
 } // namespace geomtool

@@ -23,6 +23,14 @@ void AppendRing(std::string& out, const Ring& ring) {
     out += ')';
 }
 
+void AppendLine(std::string& out, const Line& line) {
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        out += i > 0 ? "," : "(";
+        AppendPoint(out, line[i]);
+    }
+    out += ')';
+}
+
 void AppendPolygon(std::string& out, const PolygonSet& shapes, const NestedPolygon& polygon) {
     out += '(';
     AppendRing(out, shapes.rings[polygon.exterior]);
@@ -48,6 +56,36 @@ std::string WriteWkt(const PolygonSet& shapes) {
     }
     out += several ? ")\n" : "\n";
     return out;
+}
+
+std::string WriteWkt(const LineSet& lines) {
+    std::string out;
+    std::size_t count = 0;
+    for (const Line& line : lines.lines) {
+        if (line.size() >= 2) {
+            out += count++ > 0 ? ",\n" : "";
+            AppendLine(out, line);
+        }
+    }
+    switch (count) {
+    case 0: return "MULTILINESTRING EMPTY\n";
+    case 1: return "LINESTRING " + out + "\n";
+    default: return "MULTILINESTRING (" + out + ")\n";
+    }
+}
+
+std::string WriteWkt(const Figure& figure) {
+    if (figure.lines.lines.empty()) {
+        return WriteWkt(figure.polygons);
+    }
+    std::string lines = WriteWkt(figure.lines);
+    if (figure.polygons.rings.empty()) {
+        return lines;
+    }
+    std::string polygons = WriteWkt(figure.polygons);
+    polygons.pop_back(); // the ends of the lines
+    lines.pop_back();
+    return "GEOMETRYCOLLECTION (" + polygons + ",\n" + lines + ")\n";
 }
 
 } // namespace geomtool

@@ -19,8 +19,8 @@ struct Options {
 void Run(const Options& options) {
     CheckOutput(options.output);
     Progress progress;
-    const std::vector<PolygonSet> inputs = ReadInputs(options.input, progress);
-    WriteOutput(inputs[0], options.output, DEFAULT_FILL, progress);
+    WriteOutput(ReadFigureInput(options.input, 0, progress), options.output, DEFAULT_FILL,
+                progress);
 }
 
 } // namespace
@@ -28,9 +28,10 @@ void Run(const Options& options) {
 void AddConvertCommand(CLI::App& app, Action& chosen) {
     const auto options = std::make_shared<Options>();
     CLI::App& command = *app.add_subcommand(
-        "convert", "writes a polygon in another format, every coordinate unchanged; in WKT and "
-                   "GeoJSON each hole goes to the smallest contour around it, and contours of "
-                   "fewer than 3 points are left out");
+        "convert",
+        "writes polygons and lines in another format, every coordinate unchanged; in WKT "
+        "and GeoJSON each hole goes to the smallest contour around it, and contours of "
+        "fewer than 3 points are left out; text and binary hold no lines");
     command.footer("Example:\n  geomtool convert countries.txt -o countries.geojson\n"
                    "  geomtool convert - --from wkt --to binary < in.wkt > out.bin");
     AddInputOptions(command, options->input, 1);

@@ -28,12 +28,16 @@ const std::vector<std::string>& LayerFills() {
 void Run(const Options& options) {
     const SvgPage page = PageOf(options.drawing);
     Progress progress;
-    std::vector<PolygonSet> inputs = ReadInputs(options.input, progress);
+    CheckInputs(options.input);
+    std::vector<Figure> figures;
+    for (std::size_t i = 0; i < options.input.paths.size(); ++i) {
+        figures.push_back(ReadFigureInput(options.input, i, progress));
+    }
     progress.Begin("drawing");
     const std::vector<std::string> fills =
-        inputs.size() == 1 ? std::vector<std::string>{DEFAULT_FILL} : LayerFills();
+        figures.size() == 1 ? std::vector<std::string>{DEFAULT_FILL} : LayerFills();
     const std::string drawing =
-        WriteSvg(StyleLayers(std::move(inputs), options.drawing, fills), page);
+        WriteSvg(StyleLayers(std::move(figures), options.drawing, fills), page);
     progress.Finish();
     WriteFile(options.output, drawing);
 }
@@ -44,7 +48,7 @@ void AddDrawCommand(CLI::App& app, Action& chosen) {
     constexpr std::size_t MOST_LAYERS = 1000;
     const auto options = std::make_shared<Options>();
     CLI::App& command = *app.add_subcommand(
-        "draw", "draws polygons as SVG, each file a layer over the ones before");
+        "draw", "draws polygons and lines as SVG, each file a layer over the ones before");
     command.footer("Example:\n  geomtool draw sheet.wkt map.txt --fill '#dbe9f0' --fill palette "
                    "--outline=white -o map.svg");
     AddInputOptions(command, options->input, MOST_LAYERS);

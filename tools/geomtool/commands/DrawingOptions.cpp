@@ -55,8 +55,9 @@ void AddDrawingOptions(CLI::App& command, DrawingOptions& options) {
         ->allow_extra_args(false)
         ->check(CheckFill);
     command
-        .add_flag("--outline{#4a5560}", options.outlines,
-                  "draw outlines, in a colour of choice or none; repeated like --fill")
+        .add_flag("--outline{" + std::string(DEFAULT_LINE_COLOUR) + "}", options.outlines,
+                  "draw outlines, in a colour of choice or none; repeated like --fill; lines are "
+                  "drawn in that colour, too")
         ->check(CheckColour)
         ->option_text("[=COLOUR]")
         ->group(GROUP);
@@ -71,15 +72,17 @@ void AddDrawingOptions(CLI::App& command, DrawingOptions& options) {
         ->check(CLI::IsMember({0, 1, 2, 3, 4, 5, 6}));
 }
 
-std::vector<SvgLayer> StyleLayers(std::vector<PolygonSet> shapes, const DrawingOptions& options,
+std::vector<SvgLayer> StyleLayers(std::vector<Figure> figures, const DrawingOptions& options,
                                   const std::vector<std::string>& defaultFills) {
     constexpr double THIN = 0.75;
     std::vector<SvgLayer> layers;
-    for (std::size_t i = 0; i < shapes.size(); ++i) {
+    for (std::size_t i = 0; i < figures.size(); ++i) {
+        Figure& figure = figures[i];
         const std::string& defaultFill = defaultFills[i % defaultFills.size()];
-        layers.push_back({std::move(shapes[i]), Pick(options.fills, i, defaultFill),
-                          Pick(options.outlines, i, std::string("none")),
-                          Pick(options.lineWidths, i, THIN)});
+        const std::string defaultStroke = figure.lines.lines.empty() ? "none" : DEFAULT_LINE_COLOUR;
+        layers.push_back({std::move(figure.polygons), Pick(options.fills, i, defaultFill),
+                          Pick(options.outlines, i, defaultStroke),
+                          Pick(options.lineWidths, i, THIN), std::move(figure.lines)});
     }
     return layers;
 }

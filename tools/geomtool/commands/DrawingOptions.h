@@ -28,10 +28,13 @@ struct DrawingOptions {
 
 void AddDrawingOptions(CLI::App& command, DrawingOptions& options);
 
+/// The colour of lines unless an option chooses one.
+inline constexpr const char* DEFAULT_LINE_COLOUR = "#4a5560";
+
 /// The layers with their styles.
 /// \param defaultFills fills for the layers in turn, repeated, unless an option chooses them; not
 /// empty.
-std::vector<SvgLayer> StyleLayers(std::vector<PolygonSet> shapes, const DrawingOptions& options,
+std::vector<SvgLayer> StyleLayers(std::vector<Figure> figures, const DrawingOptions& options,
                                   const std::vector<std::string>& defaultFills);
 
 SvgPage PageOf(const DrawingOptions& options);

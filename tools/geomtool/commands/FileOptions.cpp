@@ -29,13 +29,62 @@ Format OutputFormat(const OutputOptions& options) {
     return ChooseFormat(options.format, options.path, "--to");
 }
 
+Format LineFormat(const OutputOptions& options) {
+    if (options.format.empty() && IsStandardStream(options.path)) {
+        return Format::Wkt;
+    }
+    const Format format = OutputFormat(options);
+    if (!HoldsLines(format)) {
+        throw UsageError("lines can be written as wkt, geojson or svg");
+    }
+    return format;
+}
+
+std::string Drawing(const Figure& figure, const OutputOptions& options,
+                    const std::string& defaultFill) {
+    return WriteSvg(StyleLayers({figure}, options.drawing, {defaultFill}), PageOf(options.drawing));
+}
+
+void RequireFinite(const Figure& figure) {
+    if (!IsFinite(figure)) {
+        throw InputError("the result has coordinates beyond the range of numbers");
+    }
+}
+
+void AddOutputPath(CLI::App& command, OutputOptions& options) {
+    command
+        .add_option("-o,--output", options.path,
+                    "the result; - is standard output, and the default")
+        ->option_text("FILE");
+}
+
+void AddInputFormats(CLI::App& command, InputOptions& options) {
+    command
+        .add_option("--from", options.formats,
+                    std::string("format of the input where its name does not tell: ") +
+                        FORMAT_HELP + "; repeated, for one file after another")
+        ->allow_extra_args(false)
+        ->check(CLI::IsMember({"text", "binary", "wkt", "geojson"}))
+        ->option_text("FORMAT");
+    command.add_flag("--no-holes-in", options.withoutHoles,
+                     "text and binary input store no hole flags");
+}
+
 std::string OutputBytes(const PolygonSet& shapes, const OutputOptions& options,
                         const std::string& defaultFill) {
     const Format format = OutputFormat(options);
     if (format != Format::Svg) {
         return FormatShapes(shapes, format, !options.withoutHoles);
     }
-    return WriteSvg(StyleLayers({shapes}, options.drawing, {defaultFill}), PageOf(options.drawing));
+    return Drawing({shapes, {}}, options, defaultFill);
+}
+
+std::string OutputBytes(const Figure& figure, const OutputOptions& options,
+                        const std::string& defaultFill) {
+    const bool hasLines = !figure.lines.lines.empty();
+    const Format format = hasLines ? LineFormat(options) : OutputFormat(options);
+    return format == Format::Svg ? Drawing(figure, options, defaultFill)
+                                 : FormatFigure(figure, format, !options.withoutHoles);
 }
 
 } // namespace
@@ -50,15 +99,15 @@ void AddInputOptions(CLI::App& command, InputOptions& options, std::size_t most)
         ->option_text(most == 1   ? "FILE"
                       : most == 2 ? "FILE [FILE]"
                                   : "FILE...");
-    command
-        .add_option("--from", options.formats,
-                    std::string("format of the input where its name does not tell: ") +
-                        FORMAT_HELP + "; repeated, for one file after another")
-        ->allow_extra_args(false)
-        ->check(CLI::IsMember({"text", "binary", "wkt", "geojson"}))
-        ->option_text("FORMAT");
-    command.add_flag("--no-holes-in", options.withoutHoles,
-                     "text and binary input store no hole flags");
+    AddInputFormats(command, options);
+}
+
+void AddOneInput(CLI::App& command, InputOptions& options, const std::string& help) {
+    command.add_option("FILE", options.paths, help + "; - is standard input")
+        ->required()
+        ->expected(1)
+        ->option_text("FILE");
+    AddInputFormats(command, options);
 }
 
 Format InputFormat(const InputOptions& options, std::size_t index) {
@@ -68,24 +117,38 @@ Format InputFormat(const InputOptions& options, std::size_t index) {
     return ChooseFormat(name, options.paths[index], "--from");
 }
 
-std::vector<PolygonSet> ReadInputs(const InputOptions& options, Progress& progress) {
+void CheckInputs(const InputOptions& options) {
     if (std::count_if(options.paths.begin(), options.paths.end(), IsStandardStream) > 1) {
         throw UsageError("standard input can be read only once");
     }
+    for (std::size_t i = 0; i < options.paths.size(); ++i) {
+        static_cast<void>(InputFormat(options, i));
+    }
+}
+
+std::vector<PolygonSet> ReadInputs(const InputOptions& options, Progress& progress) {
+    CheckInputs(options);
     std::vector<PolygonSet> inputs;
     for (std::size_t i = 0; i < options.paths.size(); ++i) {
-        const Format format = InputFormat(options, i);
-        progress.Begin("reading " + OneLine(options.paths[i]));
-        inputs.push_back(ReadShapes(options.paths[i], format, !options.withoutHoles));
+        inputs.push_back(ReadInput(options, i, progress));
     }
     return inputs;
 }
 
+PolygonSet ReadInput(const InputOptions& options, std::size_t index, Progress& progress) {
+    const Format format = InputFormat(options, index);
+    progress.Begin("reading " + OneLine(options.paths[index]));
+    return ReadShapes(options.paths[index], format, !options.withoutHoles);
+}
+
+Figure ReadFigureInput(const InputOptions& options, std::size_t index, Progress& progress) {
+    const Format format = InputFormat(options, index);
+    progress.Begin("reading " + OneLine(options.paths[index]));
+    return ReadFigure(options.paths[index], format, !options.withoutHoles);
+}
+
 void AddOutputOptions(CLI::App& command, OutputOptions& options) {
-    command
-        .add_option("-o,--output", options.path,
-                    "the result; - is standard output, and the default")
-        ->option_text("FILE");
+    AddOutputPath(command, options);
     command
         .add_option("--to", options.format,
                     std::string("format of the result where its name does not tell: ") +
@@ -94,6 +157,17 @@ void AddOutputOptions(CLI::App& command, OutputOptions& options) {
         ->option_text("FORMAT");
     command.add_flag("--no-holes-out", options.withoutHoles,
                      "store no hole flags in text and binary output");
+    AddDrawingOptions(command, options.drawing);
+}
+
+void AddLineOutputOptions(CLI::App& command, OutputOptions& options) {
+    AddOutputPath(command, options);
+    command
+        .add_option("--to", options.format,
+                    "format of the result where its name does not tell: wkt (.wkt), geojson "
+                    "(.geojson, .json), svg (.svg); wkt on standard output")
+        ->check(CLI::IsMember({"wkt", "geojson", "svg"}))
+        ->option_text("FORMAT");
     AddDrawingOptions(command, options.drawing);
 }
 
@@ -106,6 +180,31 @@ void WriteOutput(const PolygonSet& shapes, const OutputOptions& options,
                  const std::string& defaultFill, Progress& progress) {
     progress.Begin("writing");
     const std::string bytes = OutputBytes(shapes, options, defaultFill);
+    progress.Finish();
+    WriteFile(options.path, bytes);
+}
+
+void CheckLineOutput(const OutputOptions& options) {
+    static_cast<void>(LineFormat(options));
+    static_cast<void>(PageOf(options.drawing));
+}
+
+void WriteOutput(const Figure& figure, const OutputOptions& options, const std::string& defaultFill,
+                 Progress& progress) {
+    progress.Begin("writing");
+    RequireFinite(figure);
+    const std::string bytes = OutputBytes(figure, options, defaultFill);
+    progress.Finish();
+    WriteFile(options.path, bytes);
+}
+
+void WriteOutput(const LineSet& lines, const OutputOptions& options, Progress& progress) {
+    progress.Begin("writing");
+    const Figure figure{{}, lines};
+    RequireFinite(figure);
+    const Format format = LineFormat(options);
+    const std::string bytes =
+        format == Format::Svg ? Drawing(figure, options, "none") : FormatLines(lines, format);
     progress.Finish();
     WriteFile(options.path, bytes);
 }
