@@ -55,8 +55,8 @@ int Perform(const CLI::App& app, const Action& chosen) {
 } // namespace
 
 int RunTool(int argc, const char* const* argv) {
-    CLI::App app("Set operations on polygons: reads and writes polygon files, WKT and GeoJSON, "
-                 "and draws SVG",
+    CLI::App app("Set operations on polygons, and services for lines and curves: reads and writes "
+                 "polygon files, WKT and GeoJSON, and draws SVG",
                  "geomtool");
     app.footer("Example:\n  geomtool clip countries.txt sheet.wkt -o map.geojson\n\n"
                "geomtool COMMAND --help tells more about each command.");
@@ -70,6 +70,15 @@ int RunTool(int argc, const char* const* argv) {
     AddInfoCommand(app, chosen);
     AddConvertCommand(app, chosen);
     AddDrawCommand(app, chosen);
+    AddClipLinesCommand(app, chosen);
+    AddDashCommand(app, chosen);
+    AddBordersCommand(app, chosen);
+    AddThinCommand(app, chosen);
+    AddMeasureCommands(app, chosen);
+    AddNearestCommands(app, chosen);
+    AddOffsetCommand(app, chosen);
+    AddCleanCommand(app, chosen);
+    AddCurveCommands(app, chosen);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& help) {

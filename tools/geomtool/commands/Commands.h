@@ -22,5 +22,17 @@ void AddContainsCommand(CLI::App& app, Action& chosen);
 void AddInfoCommand(CLI::App& app, Action& chosen);
 void AddConvertCommand(CLI::App& app, Action& chosen);
 void AddDrawCommand(CLI::App& app, Action& chosen);
+void AddClipLinesCommand(CLI::App& app, Action& chosen);
+void AddDashCommand(CLI::App& app, Action& chosen);
+void AddBordersCommand(CLI::App& app, Action& chosen);
+void AddThinCommand(CLI::App& app, Action& chosen);
+/// length, perimeter, area
+void AddMeasureCommands(CLI::App& app, Action& chosen);
+/// nearest, nearest-segment
+void AddNearestCommands(CLI::App& app, Action& chosen);
+void AddOffsetCommand(CLI::App& app, Action& chosen);
+void AddCleanCommand(CLI::App& app, Action& chosen);
+/// arc, pie, chord, ellipse
+void AddCurveCommands(CLI::App& app, Action& chosen);
 
 } // namespace geomtool
