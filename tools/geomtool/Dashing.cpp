@@ -7,6 +7,7 @@
 #include "geometry/LineClipPolygon.h"
 #include "tools/geomtool/GpcConversion.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iterator>
 #include <numeric>
@@ -111,6 +112,17 @@ bool HasNoInside(const PolygonSet& polygon) {
     return polygon.VertexCount() == 0;
 }
 
+/// Takes away lines without length: a line that only touches a rectangle leaves one there.
+LineSet WithoutPoints(LineSet lines) {
+    const auto isPoint = [](const Line& line) {
+        return std::all_of(line.begin(), line.end(),
+                           [&line](const Vec2d& p) { return p == line.front(); });
+    };
+    lines.lines.erase(std::remove_if(lines.lines.begin(), lines.lines.end(), isPoint),
+                      lines.lines.end());
+    return lines;
+}
+
 void AppendMoved(LineSet&& from, LineSet& to) {
     std::move(from.lines.begin(), from.lines.end(), std::back_inserter(to.lines));
 }
@@ -128,7 +140,7 @@ LineSet ClipLines(const LineSet& lines, const PolygonSet& clip) {
             const auto count = static_cast<unsigned int>(line.size());
             FlatLines left;
             geom::ClipPolylinesToPolygon(line.data(), &count, 1, polygon, left.points, left.counts);
-            AppendMoved(Unflatten(left), result);
+            AppendMoved(WithoutPoints(Unflatten(left)), result);
         }
     }
     return result;
@@ -160,7 +172,7 @@ LineSet DashLines(const LineSet& lines, const DashStyle& style, const PolygonSet
         geom::ClipDashedPolylinesToPolygon(flat.points.data(), flat.counts.data(),
                                            flat.counts.size(), dashes, ToGpcPolygon(clip),
                                            out.points, out.counts);
-        return JoinTouching(Unflatten(out));
+        return WithoutPoints(JoinTouching(Unflatten(out)));
     }
     const FlatLines pieces = Flatten(PhasedPieces(lines, style));
     if (!pieces.counts.empty()) {
@@ -168,7 +180,7 @@ LineSet DashLines(const LineSet& lines, const DashStyle& style, const PolygonSet
                                      pieces.counts.size(), LineClipPolygon(ToGpcPolygon(clip)),
                                      out.points, out.counts);
     }
-    return JoinTouching(Unflatten(out));
+    return WithoutPoints(JoinTouching(Unflatten(out)));
 }
 
 } // namespace geomtool

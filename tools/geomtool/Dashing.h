@@ -12,7 +12,7 @@
 namespace geomtool {
 
 /// The parts of lines within a polygon. What is left of one line is not joined to what is left
-/// of another; nothing is left within a polygon without contours.
+/// of another, and a mere touch leaves nothing. Nothing is left within a polygon without contours.
 LineSet ClipLines(const LineSet& lines, const PolygonSet& clip);
 
 /// How lines are dashed.

@@ -107,8 +107,8 @@ bool HoldsLines(Format format) {
 
 std::string FormatLines(const LineSet& lines, Format format) {
     switch (format) {
-    case Format::Wkt: return WriteWkt(lines);
-    case Format::GeoJson: return WriteGeoJson(lines);
+    case Format::Wkt: return WriteWktLines(lines);
+    case Format::GeoJson: return WriteGeoJsonLines(lines);
     default: throw UsageError("lines can be written as wkt, geojson or svg");
     }
 }
@@ -118,8 +118,8 @@ std::string FormatFigure(const Figure& figure, Format format, bool holeFlags) {
         return FormatShapes(figure.polygons, format, holeFlags);
     }
     switch (format) {
-    case Format::Wkt: return WriteWkt(figure);
-    case Format::GeoJson: return WriteGeoJson(figure);
+    case Format::Wkt: return WriteWktFigure(figure);
+    case Format::GeoJson: return WriteGeoJsonFigure(figure);
     default: return FormatLines(figure.lines, format); // refuses
     }
 }

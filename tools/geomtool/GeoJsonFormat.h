@@ -26,9 +26,9 @@ std::string WriteGeoJson(const PolygonSet& shapes);
 
 /// Writes one LineString or a MultiLineString. Lines of fewer than 2 points have no place in this
 /// format.
-std::string WriteGeoJson(const LineSet& lines);
+std::string WriteGeoJsonLines(const LineSet& lines);
 
 /// Writes polygons and lines, as a GeometryCollection when there are both.
-std::string WriteGeoJson(const Figure& figure);
+std::string WriteGeoJsonFigure(const Figure& figure);
 
 } // namespace geomtool

@@ -63,7 +63,7 @@ std::string WriteGeoJson(const PolygonSet& shapes) {
     return out;
 }
 
-std::string WriteGeoJson(const LineSet& lines) {
+std::string WriteGeoJsonLines(const LineSet& lines) {
     std::string out;
     std::size_t count = 0;
     for (const Line& line : lines.lines) {
@@ -76,11 +76,11 @@ std::string WriteGeoJson(const LineSet& lines) {
                       : "{\"type\":\"MultiLineString\",\"coordinates\":[" + out + "]}\n";
 }
 
-std::string WriteGeoJson(const Figure& figure) {
+std::string WriteGeoJsonFigure(const Figure& figure) {
     if (figure.lines.lines.empty()) {
         return WriteGeoJson(figure.polygons);
     }
-    std::string lines = WriteGeoJson(figure.lines);
+    std::string lines = WriteGeoJsonLines(figure.lines);
     if (figure.polygons.rings.empty()) {
         return lines;
     }

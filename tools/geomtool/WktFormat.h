@@ -26,9 +26,9 @@ std::string WriteWkt(const PolygonSet& shapes);
 
 /// Writes one LINESTRING or a MULTILINESTRING. Lines of fewer than 2 points have no place in this
 /// format.
-std::string WriteWkt(const LineSet& lines);
+std::string WriteWktLines(const LineSet& lines);
 
 /// Writes polygons and lines, as a GEOMETRYCOLLECTION when there are both.
-std::string WriteWkt(const Figure& figure);
+std::string WriteWktFigure(const Figure& figure);
 
 } // namespace geomtool

@@ -58,7 +58,7 @@ std::string WriteWkt(const PolygonSet& shapes) {
     return out;
 }
 
-std::string WriteWkt(const LineSet& lines) {
+std::string WriteWktLines(const LineSet& lines) {
     std::string out;
     std::size_t count = 0;
     for (const Line& line : lines.lines) {
@@ -74,11 +74,11 @@ std::string WriteWkt(const LineSet& lines) {
     }
 }
 
-std::string WriteWkt(const Figure& figure) {
+std::string WriteWktFigure(const Figure& figure) {
     if (figure.lines.lines.empty()) {
         return WriteWkt(figure.polygons);
     }
-    std::string lines = WriteWkt(figure.lines);
+    std::string lines = WriteWktLines(figure.lines);
     if (figure.polygons.rings.empty()) {
         return lines;
     }
