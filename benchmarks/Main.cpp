@@ -65,7 +65,8 @@ double TotalSeconds(const Result& result) {
 }
 
 /// Goes by the sizes before. Expects squares where only one is known, and where time already grows
-/// much faster than the input, since it then tends to grow faster yet.
+/// much faster than the input, since it then tends to grow faster yet. Our own library is given
+/// more time than the others.
 bool Comparison::IsTooSlow(const Workload& workload, const Library& library, double units) const {
     std::vector<const Result*> before;
     for (const Result& result : m_results) {
@@ -87,7 +88,9 @@ bool Comparison::IsTooSlow(const Workload& workload, const Library& library, dou
             std::log(TotalSeconds(last) / TotalSeconds(first)) / std::log(last.units / first.units);
         exponent = exponent > 1.5 ? std::max(exponent, 2.0) : exponent;
     }
-    return TotalSeconds(last) * std::pow(units / last.units, exponent) > m_effort.longest;
+    const double patience = &library == Libraries().front() ? 10 : 1;
+    return TotalSeconds(last) * std::pow(units / last.units, exponent) >
+           patience * m_effort.longest;
 }
 
 /// Our own value; when a filter has left our case out, it is found here.

@@ -26,6 +26,9 @@ std::string Short(double value) {
 }
 
 std::string Ratio(double ratio) {
+    if (std::fabs(ratio) < 0.001) {
+        return "<0.001";
+    }
     char text[32];
     std::snprintf(text, sizeof text, ratio < 0.1 ? "%.3f" : "%.2f", ratio);
     return text;
@@ -117,6 +120,8 @@ Row Tables::RowOf(const Result& ours, const std::vector<const Library*>& librari
             row.emplace_back();
         } else if (!peer->remark.empty()) {
             row.push_back(peer->remark);
+        } else if (!measured) {
+            row.push_back(Short(peer->nanoseconds));
         } else {
             row.push_back(Short(peer->nanoseconds) + " (" +
                           Ratio(ours.nanoseconds / peer->nanoseconds) + ")");

@@ -187,11 +187,12 @@ void AddBoxes(std::vector<Workload>& table) {
                      {10299, 97656},
                      &MapAndTiles,
                      clip});
-    table.push_back({BOXES, "star to a rectangle", VERTEX, {10000, 1000000}, &StarAndBox, clip});
+    table.push_back(
+        {BOXES, "star to a rectangle", VERTEX, {10000, 100000, 1000000}, &StarAndBox, clip});
     table.push_back({BOXES,
                      "walks of 100 points to a rectangle",
                      VERTEX,
-                     {10000, 1000000},
+                     {10000, 100000, 1000000},
                      &WalksAndBox,
                      [](const Library& library, const Input& input) {
                          return library.ClipLinesToBox(input.lines, input.box);
@@ -209,7 +210,7 @@ Workload Dashing(const char* name, std::vector<double> pattern) {
     return {LINES,
             name,
             VERTEX,
-            {10000, 1000000},
+            {10000, 100000, 1000000},
             [pattern](int size) {
                 Input input;
                 input.lines = UnitSteps(size);
@@ -274,8 +275,8 @@ void AddQueries(std::vector<Workload>& table) {
                      }});
     table.push_back(NearestOf("nearest vertex, uniform, with building", {10000, 100000, 1000000},
                               &UniformPoints));
-    table.push_back(NearestOf("nearest vertex, 1,000 clusters, with building", {100000, 1000000},
-                              &ClusteredPoints));
+    table.push_back(NearestOf("nearest vertex, 1,000 clusters, with building",
+                              {10000, 100000, 1000000}, &ClusteredPoints));
     table.push_back(
         {QUERIES, "area", VERTEX, {1000000}, star, [](const Library& library, const Input& input) {
              return library.Area(OnlyRing(input));
@@ -320,7 +321,7 @@ Workload File(const char* name, bool binary, Job (Library::*task)(const Region&,
     return {FILES,
             name,
             VERTEX,
-            {10000, 1000000},
+            {10000, 100000, 1000000},
             [](int n) {
                 return Single({{LargeStar(n)}, {0}});
             },
