@@ -3,6 +3,7 @@
 // what contains the point an odd number of times.
 #include "geometry/Polygon2.h"
 #include "geometry/PolygonMeasures.h"
+#include "geometry/detail/LeadingRun.h"
 #include "geometry/detail/Rings.h"
 #include "geometry/detail/Wrapping.h"
 
@@ -39,23 +40,25 @@ bool RayCrosses(const tagPOINT& p, const tagPOINT& a, const tagPOINT& b) {
     return false;
 }
 
-// Four edges at a time: they do not depend on each other.
+// Only edges whose ends are on different sides of the ray's line can meet the ray, so runs of
+// vertices on one side are passed with a comparison each. What has no order (NaN) counts as
+// above here; the exact test of the edge into and out of it says that neither is met.
 template <typename Point>
 bool IsInRing(const Point& p, const Point* pts, std::size_t n) {
     if (pts == nullptr || n == 0) {
         return false;
     }
+    const auto isBelow = [y = p.y](const Point& q) { return q.y <= y; };
+    const auto isAbove = [y = p.y](const Point& q) { return !(q.y <= y); };
     bool inside = RayCrosses(p, pts[n - 1], pts[0]);
     std::size_t i = 1;
-    for (; n - i >= 4; i += 4) {
-        const bool first = RayCrosses(p, pts[i - 1], pts[i]);
-        const bool second = RayCrosses(p, pts[i], pts[i + 1]);
-        const bool third = RayCrosses(p, pts[i + 1], pts[i + 2]);
-        const bool fourth = RayCrosses(p, pts[i + 2], pts[i + 3]);
-        inside = inside != ((first != second) != (third != fourth));
-    }
-    for (; i < n; ++i) {
-        inside = inside != RayCrosses(p, pts[i - 1], pts[i]);
+    while (i < n) {
+        i += isBelow(pts[i - 1]) ? detail::LeadingRun(pts + i, n - i, isBelow)
+                                 : detail::LeadingRun(pts + i, n - i, isAbove);
+        if (i < n) {
+            inside = inside != RayCrosses(p, pts[i - 1], pts[i]);
+            ++i;
+        }
     }
     return inside;
 }
