@@ -8,6 +8,7 @@
 #include "geometry/CPolyClip.h"
 
 #include "geometry/Errors.h"
+#include "geometry/detail/LeadingRun.h"
 #include "geometry/detail/PointsInside.h"
 
 #include <vector>
@@ -87,13 +88,59 @@ void CPolyClip::Close() {
     }
 }
 
+// A vertex ends its way at the first stage that it is outside of, or in the output. When the
+// vertex before it ended at the same place, no stage on the way sees a change of sides: none
+// computes a crossing, and all that they keep of the vertex is that it was the last one. So of a
+// run of such vertices only the last must walk the stages. Those before it are left out where
+// they would end at a stage, and are copied to the output where they would all get there.
+//
+//     ----+----------------   top
+//         |  x--x--x--x       one run, copied as a block but for its last vertex
+//         | /
+//     x---x-----------------  the run before it ended at the stage of the left side
+//
+// A stage that still waits for its first vertex keeps it, and so is given it by itself.
+//
+// Returns how many of the points that follow `last`, which has just been received, are done.
+std::size_t CPolyClip::PassRun(const Vec2d& last, const Vec2d* pts, std::size_t n) {
+    const double right = m_stages[RIGHT].bound;
+    const double bottom = m_stages[BOTTOM].bound;
+    const double left = m_stages[LEFT].bound;
+    const double top = m_stages[TOP].bound;
+    const auto run = [&](Side end, auto endsThere) -> std::size_t {
+        return m_stages[end].first ? 0 : detail::LeadingRun(pts, n, endsThere);
+    };
+    std::size_t same = 0;
+    if (!(last.x <= right)) {
+        same = run(RIGHT, [=](const Vec2d& q) { return !(q.x <= right); });
+    } else if (!(last.y >= bottom)) {
+        same = run(BOTTOM, [=](const Vec2d& q) { return (q.x <= right) & !(q.y >= bottom); });
+    } else if (!(last.x >= left)) {
+        same = run(LEFT, [=](const Vec2d& q) {
+            return (q.x <= right) & (q.y >= bottom) & !(q.x >= left);
+        });
+    } else if (!(last.y <= top)) {
+        same = run(TOP, [=](const Vec2d& q) {
+            return (q.x <= right) & (q.y >= bottom) & (q.x >= left) & !(q.y <= top);
+        });
+    } else {
+        same = run(TOP, [=](const Vec2d& q) {
+            return (q.x <= right) & (q.y >= bottom) & (q.x >= left) & (q.y <= top);
+        });
+        m_output->Append(pts, same > 0 ? same - 1 : 0);
+    }
+    return same > 0 ? same - 1 : 0;
+}
+
 // Closing a stage can pass points on to the stages behind it, which must still be open.
 void CPolyClip::ClipInto(const Vec2d* pts, std::size_t n) {
     for (Stage& stage : m_stages) {
         stage.first = true;
     }
-    for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t i = 0; i < n;) {
         Receive<RIGHT>(pts[i]);
+        ++i;
+        i += PassRun(pts[i - 1], pts + i, n - i);
     }
     Close<RIGHT>();
     Close<BOTTOM>();

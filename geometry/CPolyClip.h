@@ -56,6 +56,7 @@ private:
     void PassOn(const Vec2d& q);
     template <Side SIDE>
     void Close();
+    std::size_t PassRun(const Vec2d& last, const Vec2d* pts, std::size_t n);
     void ClipInto(const Vec2d* pts, std::size_t n);
 
     Stage m_stages[SIDES];

@@ -57,6 +57,18 @@ public:
         m_data[m_count++] = copy;
     }
 
+    /// Appends n elements, which must not be elements of this vector.
+    void Append(const T* values, std::size_t n) {
+        if (n == 0) {
+            return;
+        }
+        if (n > m_capacity - m_count) {
+            Grow(m_count + n);
+        }
+        std::memcpy(m_data + m_count, values, n * sizeof(T));
+        m_count += n;
+    }
+
     /// Removes the last element. Throws an Exception of module "Kit" when there is none.
     void Pop() {
         if (m_count == 0) {

@@ -276,7 +276,7 @@ TEST(CPolyClip, ExhaustedHeapLeavesTheOutputUnchanged) {
         ASSERT_EQ(thrown, failed);
         EXPECT_EQ(out[0], Vec2d(1, 2));
         if (!failed) {
-            EXPECT_GT(k, 1U);
+            EXPECT_GT(k, 0U);
             EXPECT_EQ(out.Count(), 1 + ring.size());
             break;
         }

@@ -133,6 +133,38 @@ TEST(CPodVector, AppendsItsOwnElementWhileGrowing) {
     EXPECT_EQ(v[count], 3);
 }
 
+TEST(CPodVector, AppendsABlockInlineAndOnTheHeap) {
+    const int values[] = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+    for (const std::size_t n : {0U, 1U, 3U, 4U, 9U}) { // up to the inline buffer's end, and beyond
+        Numbers v = Counting(1);
+        v.Append(values, n);
+        ExpectCounting(v, n + 1);
+        EXPECT_EQ(IsInline(v), n < 4);
+    }
+    Numbers v;
+    v.Append(nullptr, 0);
+    EXPECT_EQ(v.Count(), 0U);
+}
+
+TEST(CPodVector, FailedGrowthForABlockChangesNothing) {
+    if (!AllocationProbe::Works()) {
+        GTEST_SKIP() << "the heap cannot fail in this build";
+    }
+    const int values[] = {7, 7, 7};
+    Numbers v = Counting(3);
+    bool threw = false;
+    {
+        const AllocationProbe probe(0);
+        try {
+            v.Append(values, 3);
+        } catch (const std::bad_alloc&) {
+            threw = true;
+        }
+    }
+    EXPECT_TRUE(threw);
+    ExpectCounting(v, 3);
+}
+
 TEST(CPodVector, CopyIsIndependentInlineAndOnTheHeap) {
     for (const int n : {0, 3, 50}) {
         Numbers v = Counting(n);
