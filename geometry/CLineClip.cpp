@@ -7,6 +7,7 @@
 #include "geometry/CLineClip.h"
 
 #include "geometry/Errors.h"
+#include "geometry/detail/LeadingRun.h"
 #include "geometry/detail/PointsInside.h"
 
 #include <utility>
@@ -51,6 +52,7 @@ public:
     bool IsEmpty() const { return m_pts.size() == m_start; }
     const Vec2d& Last() const { return m_pts.back(); }
     void Add(const Vec2d& p) { m_pts.push_back(p); }
+    void Add(const Vec2d* pts, std::size_t n) { m_pts.insert(m_pts.end(), pts, pts + n); }
     void Close() {
         m_counts.push_back(static_cast<unsigned int>(m_pts.size() - m_start));
         m_start = m_pts.size();
@@ -70,6 +72,7 @@ public:
     bool IsEmpty() const { return m_run.Count() == 0; }
     const Vec2d& Last() const { return m_run[m_run.Count() - 1]; }
     void Add(const Vec2d& p) { m_run.Append(p); }
+    void Add(const Vec2d* pts, std::size_t n) { m_run.Append(pts, n); }
     void Close() {
         m_sink(m_run.Data(), m_run.Count());
         m_run.Clear();
@@ -80,21 +83,62 @@ private:
     CPodVector<Vec2d, 32> m_run;
 };
 
+// The points of a line that follow one inside the rectangle and are inside, too. Nothing is cut
+// from the segments between them and each starts where the one before it ended, so the run goes
+// on with the points as they are. What has no order (NaN) equals nothing and would begin a run
+// of its own; it is not counted here.
+std::size_t CountInside(const Box2d& rect, const Vec2d* pts, std::size_t n) {
+    return detail::LeadingRun(pts, n, [r = rect](const Vec2d& p) {
+        return (p.x >= r.minX) & (p.x <= r.maxX) & (p.y >= r.minY) & (p.y <= r.maxY);
+    });
+}
+
+// The points of a line that follow `from` and are beyond the same side of the rectangle. No run
+// is open there, and the segments between them show nothing.
+std::size_t CountBeyond(const Box2d& rect, const Vec2d& from, const Vec2d* pts, std::size_t n) {
+    std::size_t beyond = 0;
+    if (from.x < rect.minX) {
+        beyond = detail::LeadingRun(pts, n, [x = rect.minX](const Vec2d& p) { return p.x < x; });
+    } else if (from.x > rect.maxX) {
+        beyond = detail::LeadingRun(pts, n, [x = rect.maxX](const Vec2d& p) { return p.x > x; });
+    }
+    if (beyond == 0 && from.y < rect.minY) {
+        beyond = detail::LeadingRun(pts, n, [y = rect.minY](const Vec2d& p) { return p.y < y; });
+    } else if (beyond == 0 && from.y > rect.maxY) {
+        beyond = detail::LeadingRun(pts, n, [y = rect.maxY](const Vec2d& p) { return p.y > y; });
+    }
+    return beyond;
+}
+
+template <typename Runs>
+bool ClipSegment(const CLineClip& clip, Vec2d start, Vec2d end, Runs& runs) {
+    const bool visible = clip.ClipLine(start, end);
+    const bool continues = visible && !runs.IsEmpty() && start == runs.Last();
+    if (!continues && !runs.IsEmpty()) {
+        runs.Close();
+    }
+    if (visible && !continues) {
+        runs.Add(start);
+    }
+    if (visible) {
+        runs.Add(end);
+    }
+    return visible;
+}
+
+// A segment that shows ends with its own end where that is inside; so a block of points inside
+// can follow it.
 template <typename Runs>
 void ClipSegments(const CLineClip& clip, const Vec2d* pts, std::size_t n, Runs& runs) {
-    for (std::size_t i = 0; i + 1 < n; ++i) {
-        Vec2d start = pts[i];
-        Vec2d end = pts[i + 1];
-        const bool visible = clip.ClipLine(start, end);
-        const bool continues = visible && !runs.IsEmpty() && start == runs.Last();
-        if (!continues && !runs.IsEmpty()) {
-            runs.Close();
-        }
-        if (visible && !continues) {
-            runs.Add(start);
-        }
-        if (visible) {
-            runs.Add(end);
+    const Box2d& rect = clip.GetClipRect();
+    for (std::size_t i = 1; i < n; ++i) {
+        const Vec2d* const rest = pts + i + 1;
+        if (!ClipSegment(clip, pts[i - 1], pts[i], runs)) {
+            i += CountBeyond(rect, pts[i], rest, n - i - 1);
+        } else if (CountInside(rect, pts + i, 1) == 1) {
+            const std::size_t inside = CountInside(rect, rest, n - i - 1);
+            runs.Add(rest, inside);
+            i += inside;
         }
     }
     if (!runs.IsEmpty()) {
