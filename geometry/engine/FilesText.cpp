@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Polygons as text: numbers separated by white space, the same in every locale.
 #include "geometry/Gpc.h"
+#include "geometry/engine/FixedPoint.h"
 #include "geometry/engine/PolygonFiles.h"
 #include "geometry/engine/TextScanner.h"
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 
 namespace geom {
 
@@ -34,58 +34,55 @@ private:
     detail::TextScanner m_scanner;
 };
 
-constexpr int DIGITS_AFTER_POINT = 15;
-// Sign, the 309 digits of the largest double, point, digits.
-constexpr std::size_t LONGEST_COORDINATE = 1 + 309 + 1 + DIGITS_AFTER_POINT;
-
-/// One line of a file, written at once.
-class Line {
-public:
-    void Add(char c) { *m_end++ = c; }
-    void Add(int value) { m_end = std::to_chars(m_end, Limit(), value).ptr; }
-    // A blank stands in the place of a minus sign, so that columns stay aligned.
-    void Add(double value) {
-        if (!std::signbit(value)) {
-            Add(' ');
-        }
-        m_end =
-            std::to_chars(m_end, Limit(), value, std::chars_format::fixed, DIGITS_AFTER_POINT).ptr;
-    }
-    bool WriteTo(std::FILE* stream) {
-        Add('\n');
-        const std::size_t length = static_cast<std::size_t>(m_end - m_text);
-        return std::fwrite(m_text, 1, length, stream) == length;
-    }
-
-private:
-    char* Limit() { return m_text + sizeof m_text; }
-
-    char m_text[2 * LONGEST_COORDINATE + 2];
-    char* m_end = m_text;
-};
-
+/// Collects lines and hands them to the stream in blocks. A block that the stream does not take
+/// whole ends the writing.
 class TextSink {
 public:
     explicit TextSink(std::FILE* stream) : m_stream(stream) {}
 
     bool WriteInt(int value) {
-        Line line;
-        line.Add(value);
-        return line.WriteTo(m_stream);
+        if (!MakeRoom()) {
+            return false;
+        }
+        m_end = std::to_chars(m_end, m_text + sizeof m_text, value).ptr;
+        *m_end++ = '\n';
+        return true;
     }
 
     bool WriteVertices(const gpc_vertex* vertices, std::size_t n) {
-        return std::all_of(vertices, vertices + n, [this](const gpc_vertex& vertex) {
-            Line line;
-            line.Add(vertex.x);
-            line.Add(' ');
-            line.Add(vertex.y);
-            return line.WriteTo(m_stream);
-        });
+        return std::all_of(vertices, vertices + n,
+                           [this](const gpc_vertex& vertex) { return WriteVertex(vertex); });
+    }
+
+    /// To be called at the end, also after a failure: what stands before it belongs to the file.
+    bool Flush() {
+        const std::size_t length = static_cast<std::size_t>(m_end - m_text);
+        m_end = m_text;
+        return std::fwrite(m_text, 1, length, m_stream) == length;
     }
 
 private:
+    static constexpr std::size_t LONGEST_LINE = 2 * detail::LONGEST_COORDINATE + 2;
+
+    bool MakeRoom() {
+        const std::size_t used = static_cast<std::size_t>(m_end - m_text);
+        return used + LONGEST_LINE <= sizeof m_text || Flush();
+    }
+
+    bool WriteVertex(const gpc_vertex& vertex) {
+        if (!MakeRoom()) {
+            return false;
+        }
+        m_end = detail::WriteFixed(m_end, vertex.x);
+        *m_end++ = ' ';
+        m_end = detail::WriteFixed(m_end, vertex.y);
+        *m_end++ = '\n';
+        return true;
+    }
+
     std::FILE* m_stream;
+    char m_text[16384];
+    char* m_end = m_text;
 };
 
 } // namespace
@@ -103,7 +100,8 @@ bool gpc_write_polygon(std::FILE* stream, int write_hole_flags, const gpc_polygo
         return false;
     }
     TextSink sink(stream);
-    return detail::WritePolygon(sink, write_hole_flags != 0, *polygon);
+    const bool complete = detail::WritePolygon(sink, write_hole_flags != 0, *polygon);
+    return sink.Flush() && complete;
 }
 
 } // namespace geom
