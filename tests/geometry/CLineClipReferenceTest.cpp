@@ -15,7 +15,7 @@ namespace geom::test {
 namespace {
 
 constexpr std::uint64_t SEED = 20263;
-constexpr int ROUNDS = 200000;
+constexpr int ROUNDS = 50000;
 
 bool SameNumber(double a, double b) {
     return std::memcmp(&a, &b, sizeof a) == 0 || (a != a && b != b);
