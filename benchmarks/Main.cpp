@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Measures every workload with every library that takes it, and writes the tables.
 //
-//   geom_benchmark [--quick] [--page=FILE] [options of Google Benchmark]
+//   geom_benchmark [--quick] [--page=FILE] [--charts=FOLDER] [options of Google Benchmark]
+#include "Charts.h"
 #include "Measure.h"
 #include "Report.h"
 
@@ -53,6 +54,7 @@ private:
 const Input& Comparison::InputOf(const Workload& workload, int size) {
     if (m_workload != &workload || m_size != size) {
         m_input = workload.input(size);
+        m_input.work = m_input.work > 0 ? m_input.work : m_input.units;
         m_workload = &workload;
         m_size = size;
         m_isExpected = false;
@@ -122,7 +124,7 @@ void Comparison::Report(benchmark::State& state, Result result, const Measuremen
 void Comparison::Run(benchmark::State& state, const Workload& workload, int size,
                      const Library& library) {
     const Input& input = InputOf(workload, size);
-    Result result = {&workload, size, &library, 0, input.units, -1, 0, ""};
+    Result result = {&workload, size, &library, 0, input.units, input.work, -1, 0, ""};
     Measurement measured;
     for (auto _ : state) {
         try {
@@ -188,9 +190,10 @@ bool TakeArgument(int& argc, char** argv, const char* name, std::string& value) 
 }
 
 int Main(int argc, char** argv) {
-    std::string page, none;
+    std::string page, charts, none;
     const bool quick = TakeArgument(argc, argv, "--quick", none);
     TakeArgument(argc, argv, "--page=", page);
+    TakeArgument(argc, argv, "--charts=", charts);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 1;
@@ -199,12 +202,13 @@ int Main(int argc, char** argv) {
     Register(comparison, quick);
     benchmark::RunSpecifiedBenchmarks();
     WriteTables(comparison.Results(), std::cout);
+    bool isWritten = charts.empty() || DrawCharts(comparison.Results(), charts);
     if (!page.empty()) {
         std::ofstream out(page);
         WritePage(comparison.Results(), out);
-        return out.flush() ? 0 : 1;
+        isWritten = out.flush() && isWritten;
     }
-    return 0;
+    return isWritten ? 0 : 1;
 }
 
 } // namespace

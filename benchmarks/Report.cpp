@@ -83,15 +83,15 @@ std::vector<const Library*> Tables::LibrariesOf(const std::string& group) const 
     return libraries;
 }
 
-/// The exponent with which the time of a task grows since the size before.
+/// The exponent with which the time of a task grows since the size before. Where the number of
+/// lines or queries does not grow, a task is one of them and its size is that of the polygon.
 std::string Growth(const Result& before, const Result& now) {
-    const double tasks = now.nanoseconds * now.units / (before.nanoseconds * before.units);
-    // Queries are as many as a run needs: what grows is the polygon that each of them asks.
-    const bool queries = now.workload->unit == std::string("query") && now.units <= before.units;
-    const bool sameUnits = now.units == before.units || queries;
-    const double time = sameUnits ? now.nanoseconds / before.nanoseconds : tasks;
-    const double size =
-        sameUnits ? static_cast<double>(now.size) / before.size : now.units / before.units;
+    double time = now.nanoseconds / before.nanoseconds;
+    double size = static_cast<double>(now.size) / before.size;
+    if (now.units > before.units) {
+        time *= now.units / before.units;
+        size = now.work / before.work;
+    }
     return Ratio(std::log(time) / std::log(size));
 }
 
@@ -211,13 +211,15 @@ void WritePage(const std::vector<Result>& results, std::ostream& out) {
         << "Times are nanoseconds of processor time of the process, the least of several runs,\n"
            "divided by what the column *per* says. Vertices are those of both operands; *n* is\n"
            "the size of each operand (of the polygon, where lines or points ask one). *growth*\n"
-           "is the exponent with which the time of a task grows since the row above, *bytes* the\n"
-           "peak of working memory with the result, and *out* the vertices of the result, both\n"
-           "per unit, too. Behind the time of another library stands the share of it that ours\n"
+           "is the exponent with which the time of a task grows since the row above, against\n"
+           "vertices and crossings in set operations and *n* elsewhere; *bytes* is the peak of\n"
+           "working memory with the result, and *out* the vertices of the result, both per unit,\n"
+           "too. Behind the time of another library stands the share of it that ours\n"
            "takes. Its result had to have the same area, length or count first: *differs* says\n"
            "that it had not, *fails* that it gave none, and *slow* that it would have taken many\n"
            "seconds. Turning the input into the library's own types is not counted; building an\n"
-           "index is. Inputs are made by `benchmarks/Inputs.cpp` or come from `data/`.\n";
+           "index is. Inputs are made by `benchmarks/Inputs.cpp` or come from `data/`.\n"
+           "[Performance](performance.md) draws these figures and says where they come from.\n";
     WriteTables(results, out);
 }
 

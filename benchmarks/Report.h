@@ -14,6 +14,7 @@ struct Result {
     const Library* library;
     double nanoseconds; ///< per unit; meaningless when there is a remark
     double units;
+    double work;   ///< what the time of a task is expected to grow with
     double memory; ///< bytes per unit
     double output; ///< vertices of the result per unit
     std::string remark;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Workloads.h"
 
+#include "Crossings.h"
+
 #include <cmath>
 #include <stdexcept>
 
@@ -26,6 +28,13 @@ Input Pair(Regions regions) {
     Input input;
     input.regions = std::move(regions);
     input.units = Vertices(input.regions);
+    return input;
+}
+
+/// The time of a set operation grows with the crossings, too.
+Input CountedPair(Regions regions) {
+    Input input = Pair(std::move(regions));
+    input.work = input.units + static_cast<double>(CrossingCount(input.regions));
     return input;
 }
 
@@ -63,7 +72,7 @@ Workload SetOperation(const char* name, gpc_op operation, std::vector<int> sizes
             name,
             VERTEX,
             std::move(sizes),
-            [make](int size) { return Pair(make(size)); },
+            [make](int size) { return CountedPair(make(size)); },
             [operation](const Library& library, const Input& input) {
                 return library.SetOperation(operation, input.regions);
             },
@@ -86,7 +95,7 @@ Workload CombsPerCrossing() {
         SetOperation("comb and comb: intersection", GPC_INT, {50, 250, 500}, &Combs);
     workload.unit = "crossing";
     workload.input = [](int teeth) {
-        Input input = Pair(Combs(teeth));
+        Input input = CountedPair(Combs(teeth));
         input.units = 4.0 * teeth * teeth;
         return input;
     };

@@ -19,6 +19,7 @@ struct Input {
     std::vector<double> pattern;
     double distance = 0;
     double units = 0; ///< what the time is divided by
+    double work = 0;  ///< what the time is expected to grow with; the units, where it stays 0
 };
 
 struct Workload {
