@@ -1,160 +1,36 @@
 // SPDX-License-Identifier: MIT
 // LineClipPolygon with its index against the walk over all edges, to the bit, in every form of
 // output.
-#include "geometry/GpcPolygon.h"
-#include "geometry/LineClipPolygon.h"
-#include "geometry/Polyline.h"
-#include "tests/reference/PlainLineClip.h"
+#include "tests/reference/LineClipComparison.h"
 #include "tests/support/LineClipCases.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <cstring>
 #include <map>
 #include <random>
 #include <string>
+#include <vector>
 
 namespace geom {
 namespace {
 
 using test::LineClipCase;
 using test::LineClipCases;
-using test::PlainLineClip;
+using test::LineClipPair;
+using test::LineClipTally;
 
 using Points = std::vector<Vec2d>;
-using Counts = std::vector<unsigned int>;
-using Pieces = std::vector<PlainLineClip::Piece>;
-
-class OpenClip : public LineClipPolygon {
-public:
-    using LineClipPolygon::LineClipPolygon;
-
-    Pieces AllPieces(const Vec2d& p, const Vec2d& q) const {
-        Pieces pieces;
-        SEGMENT segment = {p.x, p.y, q.x, q.y, nullptr, nullptr};
-        clip_to_contours(
-            contours, &segment,
-            [](const Vec2d& a, const Vec2d& b, void* context) {
-                static_cast<Pieces*>(context)->push_back({a, b});
-            },
-            &pieces);
-        return pieces;
-    }
-    bool Inside(const Vec2d& p) const { return p_inside(contours, &p); }
-    bool On(const Vec2d& p) const { return on_contour(contours, &p); }
-};
-
-// To the bit, signs of zeros included; only undefined values are all the same.
-bool Same(double a, double b) {
-    return (std::isnan(a) && std::isnan(b)) || std::memcmp(&a, &b, sizeof a) == 0;
-}
-
-bool Same(const Vec2d& a, const Vec2d& b) {
-    return Same(a.x, b.x) && Same(a.y, b.y);
-}
-
-bool Same(const Points& a, const Points& b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](const Vec2d& p, const Vec2d& q) { return Same(p, q); });
-}
-
-bool Same(const Pieces& a, const Pieces& b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& p, const auto& q) {
-        return Same(p.a, q.a) && Same(p.b, q.b);
-    });
-}
-
-Pieces PiecesOf(const std::vector<LineSegment2>& segments) {
-    Pieces pieces;
-    for (const LineSegment2& segment : segments) {
-        pieces.push_back({segment.A(), segment.B()});
-    }
-    return pieces;
-}
-
-struct Tally {
-    std::size_t segments = 0;
-    std::size_t pieces = 0;
-    std::size_t runs = 0;
-    std::size_t probes = 0;
-    std::size_t inside = 0;
-    std::size_t on = 0;
-    std::size_t differences = 0;
-};
-
-/// One polygon in both forms.
-class Pair {
-public:
-    explicit Pair(const LineClipCase& made)
-        : Pair(GpcPolygon(made.points.data(), made.counts.data(), made.counts.size())) {}
-
-    void CompareSegments(const Points& ends, Tally& tally) const {
-        for (std::size_t i = 0; i + 1 < ends.size(); i += 2) {
-            ++tally.segments;
-            const Pieces expected = m_plain.AllPieces(ends[i], ends[i + 1]);
-            tally.pieces += expected.size();
-            bool isSame = Same(m_clip.AllPieces(ends[i], ends[i + 1]), expected);
-            std::vector<LineSegment2> segments;
-            m_clip.Clip(LineSegment2(ends[i], ends[i + 1]), segments);
-            isSame &= Same(PiecesOf(segments), m_plain.Clip({ends[i], ends[i + 1]}));
-            tally.differences += isSame ? 0U : 1U;
-        }
-    }
-
-    void CompareRuns(const Points& line, Tally& tally) const {
-        Points points = {{1, 1}, {2, 2}};
-        Counts counts = {2};
-        Points expectedPoints = points;
-        Counts expectedCounts = counts;
-        m_plain.Clip(line, expectedPoints, expectedCounts);
-        m_clip.Clip(line.data(), line.size(), points, counts);
-        std::vector<LineSegment2> segments;
-        m_clip.Clip(Polyline(line.data(), line.size()), segments);
-        const bool isSame = Same(points, expectedPoints) && counts == expectedCounts &&
-                            Same(PiecesOf(segments), m_plain.Clip(line));
-        tally.runs += counts.size() - 1;
-        tally.differences += isSame ? 0U : 1U;
-    }
-
-    void CompareProbes(const Points& points, Tally& tally) const {
-        for (const Vec2d& p : points) {
-            ++tally.probes;
-            const bool isInside = m_plain.PointInside(p);
-            bool isSame = m_clip.PointInside(p) == isInside;
-            if (m_clip.GetNumContours() != 0) {
-                isSame &= m_clip.Inside(p) == m_plain.Inside(p);
-                isSame &= m_clip.On(p) == m_plain.OnContour(p);
-                tally.on += m_plain.OnContour(p) ? 1U : 0U;
-            }
-            tally.inside += isInside ? 1U : 0U;
-            tally.differences += isSame ? 0U : 1U;
-        }
-    }
-
-private:
-    explicit Pair(const GpcPolygon& polygon) : m_clip(polygon), m_plain(SequenceOf(polygon)) {}
-
-    static Points SequenceOf(const GpcPolygon& polygon) {
-        Points points;
-        polygon.GetPolygon(points);
-        return points;
-    }
-
-    OpenClip m_clip;
-    PlainLineClip m_plain;
-};
 
 TEST(LineClipPolygon, GivesTheResultsOfWalkingAllEdges) {
     const unsigned int seed = 4711;
     LineClipCases cases(seed);
-    std::map<std::string, Tally> tallies;
+    std::map<std::string, LineClipTally> tallies;
     for (int round = 0; round < 2500; ++round) {
         const LineClipCase made = cases.Next(16);
-        Tally& tally = tallies[made.kind];
-        const Pair pair(made);
+        LineClipTally& tally = tallies[made.kind];
+        const LineClipPair pair(made);
         const std::size_t before = tally.differences;
         pair.CompareSegments(made.ends, tally);
         pair.CompareRuns(made.ends, tally);
@@ -162,7 +38,7 @@ TEST(LineClipPolygon, GivesTheResultsOfWalkingAllEdges) {
         ASSERT_EQ(tally.differences, before)
             << made.kind << ", seed " << seed << " round " << round;
     }
-    Tally all;
+    LineClipTally all;
     for (const auto& [kind, tally] : tallies) {
         std::printf("%-12s %7zu segments %7zu pieces %6zu runs %7zu probes (%zu inside, %zu on the "
                     "boundary), %zu differences\n",
@@ -247,8 +123,8 @@ TEST(LineClipPolygon, GivesTheResultsOfWalkingAllEdgesOfLargePolygons) {
             made.ends.push_back(p);
             made.ends.push_back(i % 5 == 0 ? Vec2d(p.x, b.y) : a + (b - a) * part(random));
         }
-        Tally tally;
-        const Pair pair(made);
+        LineClipTally tally;
+        const LineClipPair pair(made);
         pair.CompareSegments(made.ends, tally);
         pair.CompareProbes(made.ends, tally);
         std::printf(
