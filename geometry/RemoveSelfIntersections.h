@@ -26,8 +26,11 @@ enum RSI_NormalDir : unsigned int { RSI_NORMAL_POSITIVE_Z = 0, RSI_NORMAL_NEGATI
 /// points of the rings are its own. Places where edges cross are computed with about single
 /// precision, relative to the magnitude of the coordinates; given vertices keep their
 /// coordinates, but vertices and edges that nearly meet may be merged, and where several edges
-/// nearly meet in one place (seldom) a small lobe may be left over. Time grows up to the square
-/// of the number of edges.
+/// nearly meet in one place (seldom) a small lobe may be left over. Where edges overlap along a
+/// stretch, a part beside them can be left covered twice. A single ring of at most 100 points is
+/// taken as simple when no two triangles of its first point with an edge turn different ways: one
+/// that runs more than once around its first point, such as a pentagram from an inner corner,
+/// comes back as it is. Time grows up to the square of the number of edges.
 ///
 /// In `in`, counts beyond the points are cut short, and points beyond the counts are ignored.
 ///
