@@ -54,13 +54,16 @@ Rings RingsOf(const std::vector<Points>& points) {
     return rings;
 }
 
+/// Far beyond rounding errors.
+constexpr double APART = 0x1p-24;
+
 /// The laws that hold for decoded vertices: strips are promised in general position only, and
 /// nothing where coordinates are beyond the absolute tolerance, or so mixed that it swallows them.
 Laws LawsOf(CoordinateKind kind, const Operands& operands) {
     if (kind == CoordinateKind::Scaled || kind == CoordinateKind::Bits) {
         return Laws::None;
     }
-    return IsInGeneralPosition(operands) ? Laws::All : Laws::Contours;
+    return IsInGeneralPosition(operands, APART) ? Laws::All : Laws::Contours;
 }
 
 Input TakeInput(ByteSource& bytes) {

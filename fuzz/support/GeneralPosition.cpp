@@ -9,9 +9,6 @@ namespace geom::fuzz {
 
 namespace {
 
-/// Far beyond rounding errors, in units of the coordinates' magnitude.
-constexpr double APART = 0x1p-24;
-
 struct Edge {
     gpc_vertex a, b;
 };
@@ -72,7 +69,7 @@ bool AreApart(const std::vector<gpc_vertex>& points, double distance) {
 
 } // namespace
 
-bool IsInGeneralPosition(const test::Operands& operands) {
+bool IsInGeneralPosition(const test::Operands& operands, double apart) {
     const std::vector<Edge> edges = EdgesOf(operands);
     std::vector<gpc_vertex> vertices;
     double largest = 1;
@@ -80,7 +77,7 @@ bool IsInGeneralPosition(const test::Operands& operands) {
         vertices.push_back(edge.a);
         largest = std::max({largest, std::fabs(edge.a.x), std::fabs(edge.a.y)});
     }
-    const double distance = APART * largest;
+    const double distance = apart * largest;
     if (!AreApart(vertices, distance) || !AreApart(CrossingsOf(edges), distance)) {
         return false;
     }
@@ -94,6 +91,10 @@ bool IsInGeneralPosition(const test::Operands& operands) {
         }
     }
     return true;
+}
+
+bool HasCrossings(const test::Rings& rings) {
+    return !CrossingsOf(EdgesOf({rings, {}})).empty();
 }
 
 } // namespace geom::fuzz
