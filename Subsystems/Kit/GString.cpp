@@ -104,9 +104,9 @@ GString::GString(const char* text) {
 std::string GString::Narrow() const {
     std::string out;
     for (std::size_t i = 0; i < m_text.size(); ++i) {
-        auto unit = static_cast<std::uint32_t>(m_text[i]);
+        std::uint32_t unit = static_cast<char32_t>(m_text[i]);
         if (sizeof(wchar_t) == 2 && i + 1 < m_text.size()) {
-            const auto second = static_cast<std::uint32_t>(m_text[i + 1]);
+            const std::uint32_t second = static_cast<char32_t>(m_text[i + 1]);
             if (IsPair(unit, second)) {
                 unit = 0x10000 + ((unit - 0xD800) << 10U) + (second - 0xDC00);
                 ++i;

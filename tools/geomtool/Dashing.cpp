@@ -15,7 +15,6 @@
 
 namespace geomtool {
 
-using geom::GpcPolygon;
 using geom::LineClipPolygon;
 using geom::LineSegment2;
 using geom::Vec2d;
