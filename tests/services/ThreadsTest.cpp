@@ -68,13 +68,18 @@ void ExpectResultsOfOneThread(const std::function<void(Digest&)>& work) {
     }
 }
 
+Polygon2 RingOf(std::vector<Vec2d> points) {
+    Polygon2 polygon;
+    polygon.Points() = std::move(points);
+    polygon.Counts().push_back(static_cast<unsigned int>(polygon.Points().size()));
+    return polygon;
+}
+
 // Tests run in this order in one process, so that here is the tessellator's first use, which
 // checks its version. CTest gives each test a process of its own.
 TEST(Threads, FirstUseOfTheTessellatorAtOnce) {
     const std::vector<std::uint64_t> digests = OnAllThreads([](Digest& results) {
-        Polygon2 bow;
-        bow.Points() = {{0.0, 0.0}, {4.0, 4.0}, {4.0, 0.0}, {0.0, 4.0}};
-        bow.Counts() = {4};
+        const Polygon2 bow = RingOf({{0.0, 0.0}, {4.0, 4.0}, {4.0, 0.0}, {0.0, 4.0}});
         Polygon2 parts;
         RemoveSelfIntersections(bow, parts, 100130, RSI_NORMAL_POSITIVE_Z);
         EXPECT_EQ(parts.Counts(), (std::vector<unsigned int>{3, 3}));
@@ -208,10 +213,8 @@ TEST(Threads, TessellatorErrorsStayWithTheirThread) {
     OnAllThreads([&](Digest&) {
         const bool tooLarge = turn.fetch_add(1) % 2 == 0;
         for (int i = 0; i < 200; ++i) {
-            Polygon2 square;
             const double size = tooLarge ? 1e200 : 2.0;
-            square.Points() = {{0.0, 0.0}, {size, 0.0}, {size, size}, {0.0, size}};
-            square.Counts() = {4};
+            const Polygon2 square = RingOf({{0.0, 0.0}, {size, 0.0}, {size, size}, {0.0, size}});
             Polygon2 result;
             try {
                 RemoveSelfIntersections(square, result, 100131, RSI_NORMAL_POSITIVE_Z);
