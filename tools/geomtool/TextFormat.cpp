@@ -9,7 +9,7 @@
 
 namespace geomtool {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 namespace {
 
