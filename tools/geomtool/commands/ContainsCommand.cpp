@@ -4,6 +4,7 @@
 #include "tools/geomtool/GpcConversion.h"
 #include "tools/geomtool/InputError.h"
 #include "tools/geomtool/Progress.h"
+#include "tools/geomtool/commands/Arguments.h"
 #include "tools/geomtool/commands/Commands.h"
 #include "tools/geomtool/commands/FileOptions.h"
 

@@ -2,6 +2,7 @@
 #include "tools/geomtool/commands/DrawingOptions.h"
 
 #include "tools/geomtool/Numbers.h"
+#include "tools/geomtool/commands/Arguments.h"
 #include "tools/geomtool/commands/FileOptions.h"
 
 #include <CLI/CLI.hpp>

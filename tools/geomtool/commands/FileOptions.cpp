@@ -3,7 +3,6 @@
 
 #include "tools/geomtool/Files.h"
 #include "tools/geomtool/InputError.h"
-#include "tools/geomtool/Numbers.h"
 #include "tools/geomtool/Progress.h"
 
 #include <CLI/CLI.hpp>
@@ -207,35 +206,6 @@ void WriteOutput(const LineSet& lines, const OutputOptions& options, Progress& p
         format == Format::Svg ? Drawing(figure, options, "none") : FormatLines(lines, format);
     progress.Finish();
     WriteFile(options.path, bytes);
-}
-
-std::vector<double> ParseNumbers(const std::string& option, const std::string& text,
-                                 std::size_t count) {
-    std::vector<double> numbers;
-    std::string_view rest = text;
-    double number = 0;
-    while (TakeNumber(rest, number) == NumberStatus::Valid) {
-        numbers.push_back(number);
-        if (rest.empty() && numbers.size() == count) {
-            return numbers;
-        }
-        if (rest.empty() || rest[0] != ',') {
-            break;
-        }
-        rest.remove_prefix(1);
-    }
-    throw UsageError(option + ": expected " + std::to_string(count) +
-                     " numbers with commas between them, found '" + text + "'");
-}
-
-geom::Box2d ParseBox(const std::string& option, const std::string& text) {
-    const std::vector<double> n = ParseNumbers(option, text, 4);
-    geom::Box2d box(n[0], n[1], n[2], n[3]);
-    box.Normalize();
-    if (!box.HasArea()) {
-        throw UsageError(option + ": a rectangle needs an area, unlike '" + text + "'");
-    }
-    return box;
 }
 
 } // namespace geomtool

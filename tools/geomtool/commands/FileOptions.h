@@ -85,13 +85,4 @@ void WriteOutput(const Figure& figure, const OutputOptions& options, const std::
 /// Writes lines, also when there are none.
 void WriteOutput(const LineSet& lines, const OutputOptions& options, Progress& progress);
 
-/// Reads numbers such as "1,2.5,-3". Throws a UsageError that names the option when there are
-/// not exactly `count`.
-std::vector<double> ParseNumbers(const std::string& option, const std::string& text,
-                                 std::size_t count);
-
-/// Reads a rectangle from two of its corners, "x,y,x,y". Throws a UsageError unless it has an
-/// area.
-geom::Box2d ParseBox(const std::string& option, const std::string& text);
-
 } // namespace geomtool

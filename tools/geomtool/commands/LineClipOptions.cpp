@@ -2,6 +2,7 @@
 #include "tools/geomtool/commands/LineClipOptions.h"
 
 #include "tools/geomtool/InputError.h"
+#include "tools/geomtool/commands/Arguments.h"
 
 #include <CLI/CLI.hpp>
 

@@ -5,6 +5,7 @@
 #include "tools/geomtool/Progress.h"
 #include "tools/geomtool/SetOperation.h"
 #include "tools/geomtool/Statistics.h"
+#include "tools/geomtool/commands/Arguments.h"
 #include "tools/geomtool/commands/Commands.h"
 #include "tools/geomtool/commands/FileOptions.h"
 
