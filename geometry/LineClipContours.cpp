@@ -109,7 +109,10 @@ void LineClipPolygon::def_contour(CONTOUR** list, const Vec2d* points, int n, in
     }
     Box2d box;
     for (int i = 0; i < n; ++i) {
-        box.ExtendBy(points[i]);
+        box.minX = std::min(box.minX, points[i].x);
+        box.minY = std::min(box.minY, points[i].y);
+        box.maxX = std::max(box.maxX, points[i].x);
+        box.maxY = std::max(box.maxY, points[i].y);
     }
     const std::uint16_t flags = hole == 1 ? 0 : 1;
     *contour = {flags, ring.Close(), nullptr, box.minX, box.minY, box.maxX, box.maxY};
@@ -154,31 +157,30 @@ bool LineClipPolygon::disjunct(const CONTOUR* contour, const SEGMENT* segment) c
 }
 
 // Of the first contour, which is the only one unless a derived class has added others.
-void LineClipPolygon::BuildIndex() {
+void LineClipPolygon::BuildIndex(std::size_t mostEdges) {
     if (contours == nullptr) {
         return;
     }
     try {
         auto index = std::make_unique<RingIndex>();
-        std::vector<detail::Edge> edges;
+        std::vector<Vec2d>& vertices = index->vertices;
+        vertices.reserve(mostEdges + 3);
         const SEGMENT* edge = contours->segments;
+        vertices.emplace_back(edge->prev->startX, edge->prev->startY);
         do {
-            edges.push_back({{edge->startX, edge->startY}, {edge->endX, edge->endY}});
+            vertices.emplace_back(edge->startX, edge->startY);
             edge = edge->next;
         } while (edge != contours->segments);
-        if (edges.size() < FEWEST_INDEXED_EDGES) {
+        const std::size_t count = vertices.size() - 1;
+        if (count < FEWEST_INDEXED_EDGES) {
             return;
         }
-        index->contour = contours;
-        index->edges = detail::EdgeIndex(edges);
-        index->vertices.reserve(edges.size() + 3);
-        index->vertices.push_back(edges.back().start);
-        for (const detail::Edge& e : edges) {
-            index->vertices.push_back(e.start);
-        }
-        index->vertices.push_back(edges.front().start);
-        index->vertices.push_back(edges.front().end);
+        vertices.emplace_back(edge->startX, edge->startY);
+        vertices.emplace_back(edge->endX, edge->endY);
+        const detail::FramedRing ring(&vertices[1], count);
+        index->edges = detail::EdgeIndex(ring);
         if (index->edges.IsBuilt()) {
+            index->contour = contours;
             m_index = std::move(index);
         }
     } catch (const std::bad_alloc&) {

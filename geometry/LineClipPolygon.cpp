@@ -47,7 +47,7 @@ void LineClipPolygon::Construct(const GpcPolygon& polygon) {
     if (!points.empty()) {
         def_contour(&contours, points.data(), static_cast<int>(points.size()), 0);
         bbox = polygon.GetBBox();
-        BuildIndex();
+        BuildIndex(points.size());
     }
 }
 
@@ -56,7 +56,7 @@ void LineClipPolygon::Construct(const LineClipPolygon& other) {
     other.GetPolygon(points);
     def_contour(&contours, points.data(), static_cast<int>(points.size()), 0);
     bbox = other.bbox;
-    BuildIndex();
+    BuildIndex(points.size());
 }
 
 std::size_t LineClipPolygon::GetNumContours() const {

@@ -151,7 +151,7 @@ private:
     struct CrossingList;
 
     void FreeAll();
-    void BuildIndex();
+    void BuildIndex(std::size_t mostEdges);
     const RingIndex* IndexOf(const CONTOUR* contour) const;
     template <typename Visit>
     void VisitEdgesNear(const CONTOUR* contour, const SEGMENT& segment, Visit visit) const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "geometry/detail/EdgeIndex.h"
 
+#include <algorithm>
 #include <cmath>
 
 /// \file
@@ -30,8 +31,8 @@
 ///
 /// and the left side is a point of the edge minus a point of the segment.
 ///
-/// - Case (2), |den| >= 2^-20 |d| |e|: the two points are closer than
-///   6 u 2^20 |a| < 2^-29 E in x and in y.
+/// - Case (2), |den| >= 2^-25 |d| |e|: the two points are closer than
+///   6 u 2^25 |a| < 2^-24 E in x and in y.
 /// - Case (2), d.x == 0 or d.y == 0: one of the products in den and in s is exactly 0, so both
 ///   are right to a factor of 1 +- u. Say d.y == 0: then the point A + e (-a.y / e.y) of the
 ///   edge, or one 3 u |e| from it, lies on the segment's line, and its x is off by at most
@@ -41,21 +42,20 @@
 ///   products' sizes. So where edge and segment have the same x (say the ranges overlap in x),
 ///   their y differ by at most 5 u (|a.y| + |e.y|): a few u E again. Without overlap nothing is
 ///   accepted.
-/// - Case (2), neither component of d zero and |den| < 2^-20 |d| |e|: edge and segment are
+/// - Case (2), neither component of d zero and |den| < 2^-25 |d| |e|: edge and segment are
 ///   nearly parallel. The tests then promise nothing about the place along the line, and edges
 ///   far away are accepted indeed. But |s| <= |den| says that A lies near the segment's line:
-///   |a x d| < (2^-20 |e| + 2^-51 E) |d|.
+///   |a x d| < (2^-25 |e| + 2^-51 E) |d|.
 ///
 /// A point counts as lying on an edge when it is in the edge's box and a cross product of the
 /// ways to both ends is 0 as computed: it may be off the edge by 4 u |e|.
 ///
-/// So two trees find all that can be accepted. The first holds places: it passes over boxes
-/// that are further than 2^-28 E from the segment's (or the point's) box, or all on one side of
-/// the segment's line by more than that. The second one is asked only when neither component of
-/// d is 0: it passes over boxes whose edges all differ from d in direction by more than 2^-18
-/// (DirectionOf; a cross product of 2^-20 |d| |e| is a difference of at most 2^-19), or which
-/// lie wholly on one side of the segment's line by more than
-/// (2^-19 |extent of the box| + 2^-28 E) |d|.
+/// So two lists find all that can be accepted. A tree of places passes over boxes that are
+/// further than 2^-23 E from the segment's (or the point's) box, or all on one side of the
+/// segment's line by more than that. Parallels are looked for only when neither component of d
+/// is 0: edges that differ from d in direction by at most 2^-23 (as Parallels measures it; a
+/// cross product of 2^-25 |d| |e| is a difference of at most 2^-24), and start within
+/// 2^-24 |e| + 2^-23 E of the segment's line.
 ///
 /// These limits are at least twice what the cases need, which leaves room for the roundings of
 /// places and limits themselves. Both are relative to the ring's box and to P, so that they do
@@ -66,263 +66,233 @@ namespace geom::detail {
 
 namespace {
 
-constexpr double LARGEST_COORDINATE = 0x1p250;
-constexpr double SMALLEST_EXTENT = 0x1p-250;
-constexpr double NEAR = 0x1p-28;              // as a fraction of the extent in question
-constexpr double NEARLY_PARALLEL = 0x1p-18;   // as a difference of directions
-constexpr double NEAR_OF_PARALLELS = 0x1p-19; // as a fraction of a box's extent
-constexpr double DIRECTION_PERIOD = 2.0;
-constexpr double SAME_DIRECTION = 0x1p-10; // not told apart before places are
+constexpr double NEAR = 0x1p-23;              // as a fraction of the extent in question
+constexpr double NEAR_OF_PARALLELS = 0x1p-24; // as a fraction of an edge
+constexpr double LONGEST_EDGE = 4.0;          // in the frame, as |e|
 
-constexpr std::size_t X = 0;
-constexpr std::size_t Y = 1;
-constexpr std::size_t DIRECTION = 2;
+constexpr std::size_t MOST_EDGES_OF_RUN = 8;
+constexpr double RUN_SIDE = 2.0; // as a multiple of the side of pieces
 
-bool IsGoodCoordinate(double x) {
-    return std::fabs(x) <= LARGEST_COORDINATE;
+// The side of a square as large as a box.
+double SideOf(double width, double height) {
+    return std::sqrt(width * height);
 }
 
-bool IsGoodExtent(double d) {
-    return d == 0.0 || std::fabs(d) >= SMALLEST_EXTENT;
+double SideOf(const Box2d& box) {
+    return SideOf(box.maxX - box.minX, box.maxY - box.minY);
 }
 
-bool IsGood(const Vec2d& p, const Vec2d& q) {
-    return IsGoodCoordinate(p.x) && IsGoodCoordinate(p.y) && IsGoodCoordinate(q.x) &&
-           IsGoodCoordinate(q.y) && IsGoodExtent(q.x - p.x) && IsGoodExtent(q.y - p.y);
+double SideOf(const Vec2d& a, const Vec2d& b) {
+    return std::sqrt(std::fabs((b.x - a.x) * (b.y - a.y)));
 }
 
-// A measure of a direction that is the same for both ways to run along it: -1 to 1, as the
-// angle falls from pi to 0, and 1 is next to -1. For v and w of |v| = |w| = 1 it differs by at
-// most twice their cross product.
-double DirectionOf(const Vec2d& v) {
-    const double x = v.y < 0.0 || (v.y == 0.0 && v.x < 0.0) ? -v.x : v.x;
-    return x / (std::fabs(v.x) + std::fabs(v.y));
+Box2d BoxOf(const Vec2d& a, const Vec2d& b) {
+    return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
 }
 
-Box2d BoxOf(const Vec2d& p, const Vec2d& q) {
-    return {std::min(p.x, q.x), std::min(p.y, q.y), std::max(p.x, q.x), std::max(p.y, q.y)};
-}
-
-double Extent(const Box2d& box) {
-    return std::max(box.maxX - box.minX, box.maxY - box.minY);
-}
-
-// The side of a square as large as the box of a vector.
-double SideOf(double dx, double dy) {
-    return std::sqrt(std::fabs(dx)) * std::sqrt(std::fabs(dy));
-}
-
-double SideOf(const Edge& edge) {
-    return SideOf(edge.end.x - edge.start.x, edge.end.y - edge.start.y);
+Box2d Union(const Box2d& a, const Box2d& b) {
+    return {std::min(a.minX, b.minX), std::min(a.minY, b.minY), std::max(a.maxX, b.maxX),
+            std::max(a.maxY, b.maxY)};
 }
 
 // Long slanted edges have large, mostly empty boxes; they enter the index in pieces of about
 // this size. At most doubles the number of entries.
-double PieceSide(const std::vector<Edge>& edges, const Box2d& all) {
+double PieceSide(const FramedRing& ring) {
     double sum = 0.0;
-    for (const Edge& edge : edges) {
-        sum += SideOf(edge);
+    for (std::size_t i = 0; i < ring.count; ++i) {
+        sum += SideOf(ring.points[i], ring.points[i + 1]);
     }
-    const double count = static_cast<double>(edges.size());
-    return std::max(sum / count,
-                    SideOf(all.maxX - all.minX, all.maxY - all.minY) / std::sqrt(count));
+    const double count = static_cast<double>(ring.count);
+    const Vec2d& size = ring.frame.Size();
+    return std::max(sum / count, SideOf(size.x, size.y) / std::sqrt(count));
 }
 
-std::uint32_t PieceCount(const Edge& edge, double pieceSide) {
-    const double side = SideOf(edge);
-    return side > pieceSide ? static_cast<std::uint32_t>(side / pieceSide) + 1 : 1;
-}
-
-struct Range {
-    double low, high;
-};
-
-// The range of one coordinate over the part of an edge from the fraction f to the fraction g.
-// Widened by what the computed ends can be off, but not beyond the edge.
-Range PieceRange(double start, double end, double f, double g) {
-    const double slack = 0x1p-50 * (std::fabs(start) + std::fabs(end));
-    const double a = start + (end - start) * f;
-    const double b = start + (end - start) * g;
-    return {std::max(std::min(a, b) - slack, std::min(start, end)),
-            std::min(std::max(a, b) + slack, std::max(start, end))};
-}
-
-// All coordinates of the ring are between 0 and 2; what lies further off need not be exact.
+// Places further off than this need not be exact: the ring is between 0 and 2.
 double WithinView(double x) {
-    return std::min(std::max(x, -1.0), 3.0);
+    return std::min(std::max(x, -0.5), 3.5);
+}
+
+// Whether all of a box lies further than `limit` from the line through p with direction d, on
+// one side of it. `limit` is as a cross product with d.
+bool IsBeside(const Vec2d& p, const Vec2d& d, double limit, const Box2d& box) {
+    const double lowX = box.minX - p.x;
+    const double highX = box.maxX - p.x;
+    const double lowY = box.minY - p.y;
+    const double highY = box.maxY - p.y;
+    const double least = (d.y < 0.0 ? highX : lowX) * d.y - (d.x < 0.0 ? lowY : highY) * d.x;
+    const double most = (d.y < 0.0 ? lowX : highX) * d.y - (d.x < 0.0 ? highY : lowY) * d.x;
+    return least > limit || most < -limit;
 }
 
 } // namespace
 
+// A bit for each child whose box meets this one. Simple conditions without jumps become a few
+// vector instructions.
+std::uint32_t EdgeIndex::Reach::operator()(const EdgeTree::Node& node) const {
+    constexpr std::uint32_t BITS[] = {0x1,   0x2,   0x4,   0x8,   0x10,   0x20,   0x40,   0x80,
+                                      0x100, 0x200, 0x400, 0x800, 0x1000, 0x2000, 0x4000, 0x8000};
+    std::uint32_t bits = 0;
+    for (std::size_t k = 0; k < EdgeTree::WIDTH; ++k) {
+        const bool meets = (node.lowX[k] <= highX) & (node.highX[k] >= lowX) &
+                           (node.lowY[k] <= highY) & (node.highY[k] >= lowY);
+        bits |= meets ? BITS[k] : 0U;
+    }
+    return bits;
+}
+
 // A segment relative to the ring, and how far from it an edge that its tests accept can lie.
 struct EdgeIndex::Query {
     Query(const EdgeIndex& index, const Vec2d& start, const Vec2d& end)
-        : p(index.ToRing(start)), d((end - start) * index.m_scale),
-          size(std::fabs(d.x) + std::fabs(d.y)), reach(index.ReachOf(start, end)) {}
+        : p(index.m_frame.ToRing(start)), d((end - start) * index.m_frame.Scale()),
+          isSlanted(d.x != 0.0 && d.y != 0.0), reach(index.ReachOf(start, end)),
+          limit(reach.near * (std::fabs(d.x) + std::fabs(d.y))) {}
 
-    // Whether a child's box lies on one side of the segment's line, further than `limit`.
-    template <typename Node>
-    bool IsBeside(const Node& node, std::size_t k, double limit) const {
-        const double lowX = node.low[X][k] - p.x;
-        const double highX = node.high[X][k] - p.x;
-        const double lowY = node.low[Y][k] - p.y;
-        const double highY = node.high[Y][k] - p.y;
-        const double least = (d.y < 0.0 ? highX : lowX) * d.y - (d.x < 0.0 ? lowY : highY) * d.x;
-        const double most = (d.y < 0.0 ? lowX : highX) * d.y - (d.x < 0.0 ? highY : lowY) * d.x;
-        return least > limit * size || most < -limit * size;
-    }
-
-    std::uint32_t operator()(const Places::Node& node) const {
-        std::uint32_t hits = reach.Hits(node);
-        if (IsSlanted()) {
-            for (std::size_t k = 0; (hits >> k) != 0; ++k) {
-                if ((hits >> k & 1U) != 0 && IsBeside(node, k, reach.near)) {
-                    hits &= ~(1U << k);
-                }
-            }
-        }
-        return hits;
-    }
-
-    bool IsSlanted() const { return d.x != 0.0 && d.y != 0.0; }
-
-    Vec2d p;
-    Vec2d d;
-    double size;
-    Reach reach;
-};
-
-// A slanted segment among edges nearly parallel to it.
-struct EdgeIndex::Parallels {
-    explicit Parallels(const Query& segment) : query(segment) {
-        const double direction = DirectionOf(segment.d);
-        low = Directions::RoundedDown(direction - NEARLY_PARALLEL);
-        high = Directions::RoundedUp(direction + NEARLY_PARALLEL);
-        const double around = direction + (direction < 0.0 ? DIRECTION_PERIOD : -DIRECTION_PERIOD);
-        lowAround = Directions::RoundedDown(around - NEARLY_PARALLEL);
-        highAround = Directions::RoundedUp(around + NEARLY_PARALLEL);
-    }
-
-    std::uint32_t HitsOfDirection(const Directions::Node& node) const {
-        const float* const from = node.low[DIRECTION];
-        const float* const to = node.high[DIRECTION];
-        return BitsOf([&](std::size_t k) {
-            return ((from[k] <= high) & (to[k] >= low)) |
-                   ((from[k] <= highAround) & (to[k] >= lowAround));
-        });
-    }
-
-    std::uint32_t operator()(const Directions::Node& node) const {
-        std::uint32_t hits = HitsOfDirection(node);
-        for (std::size_t k = 0; (hits >> k) != 0; ++k) {
-            const double width = static_cast<double>(node.high[X][k]) - node.low[X][k];
-            const double height = static_cast<double>(node.high[Y][k]) - node.low[Y][k];
-            const double limit = NEAR_OF_PARALLELS * (width + height) + query.reach.near;
-            if ((hits >> k & 1U) != 0 && query.IsBeside(node, k, limit)) {
+    std::uint32_t operator()(const EdgeTree::Node& node) const {
+        std::uint32_t hits = reach(node);
+        for (std::size_t k = 0; isSlanted && (hits >> k) != 0; ++k) {
+            if ((hits >> k & 1U) != 0 &&
+                IsBeside(p, d, limit, {node.lowX[k], node.lowY[k], node.highX[k], node.highY[k]})) {
                 hits &= ~(1U << k);
             }
         }
         return hits;
     }
 
-    const Query& query;
-    float low, high;
-    float lowAround, highAround;
+    Vec2d p;
+    Vec2d d;
+    bool isSlanted;
+    Reach reach;
+    double limit;
 };
 
-EdgeIndex::EdgeIndex(const std::vector<Edge>& edges) {
-    const bool areGood = std::all_of(edges.begin(), edges.end(),
-                                     [](const Edge& edge) { return IsGood(edge.start, edge.end); });
-    if (!areGood || edges.empty()) {
+// The same for single edges, in the coordinates of the ring as it was given.
+struct EdgeIndex::Gate {
+    Gate(const EdgeIndex& index, const Query& query, const Vec2d& start, const Vec2d& end)
+        : p(start), d(end - start), box(BoxOf(start, end)), isSlanted(query.isSlanted) {
+        const double near = query.reach.near / index.m_frame.Scale();
+        box = {box.minX - near, box.minY - near, box.maxX + near, box.maxY + near};
+        limit = near * (std::fabs(d.x) + std::fabs(d.y));
+    }
+
+    bool LetsPass(const Vec2d& a, const Vec2d& b) const {
+        if (!((a.x <= box.maxX || b.x <= box.maxX) && (a.x >= box.minX || b.x >= box.minX) &&
+              (a.y <= box.maxY || b.y <= box.maxY) && (a.y >= box.minY || b.y >= box.minY))) {
+            return false;
+        }
+        if (!isSlanted) {
+            return true;
+        }
+        const double sideA = (a.x - p.x) * d.y - (a.y - p.y) * d.x;
+        const double sideB = (b.x - p.x) * d.y - (b.y - p.y) * d.x;
+        return std::min(sideA, sideB) <= limit && std::max(sideA, sideB) >= -limit;
+    }
+
+    Vec2d p;
+    Vec2d d;
+    Box2d box;
+    bool isSlanted;
+    double limit = 0.0;
+};
+
+EdgeIndex::EdgeIndex(const FramedRing& ring) {
+    if (!ring.isGood) {
         return;
     }
-    for (const Edge& edge : edges) {
-        m_box |= BoxOf(edge.start, edge.end);
-    }
-    const double extent = Extent(m_box);
-    m_scale = extent > 0.0 ? std::ldexp(1.0, -std::ilogb(extent)) : 1.0;
-    m_size = ToRing({m_box.maxX, m_box.maxY});
-    AddPlaces(edges);
-    AddDirections(edges);
-    m_edgeCount = edges.size();
+    m_frame = ring.frame;
+    m_ring = ring.original;
+    AddRuns(ring);
+    m_parallels = Parallels(ring);
+    m_edgeCount = ring.count;
 }
 
-// The ring's box becomes one with its corner at the origin and a larger side of 1 to 2.
-Vec2d EdgeIndex::ToRing(const Vec2d& p) const {
-    return {(p.x - m_box.minX) * m_scale, (p.y - m_box.minY) * m_scale};
+// Edges that follow each other are near each other: runs of some make the lowest boxes, as long
+// as these stay small.
+void EdgeIndex::AddRuns(const FramedRing& ring) {
+    const double pieceSide = PieceSide(ring);
+    const std::vector<Vec2d>& points = ring.points;
+    std::vector<EdgeTree::Entry> entries;
+    entries.reserve(ring.count / 4);
+    for (std::size_t i = 0; i < ring.count;) {
+        const std::uint32_t run = static_cast<std::uint32_t>(m_runs.size());
+        m_runs.push_back(static_cast<std::uint32_t>(i));
+        Box2d box = BoxOf(points[i], points[i + 1]);
+        if (SideOf(box) > pieceSide) {
+            AddPieces(points[i], points[i + 1], pieceSide, run, entries);
+            ++i;
+            continue;
+        }
+        const std::size_t end = std::min(i + MOST_EDGES_OF_RUN, ring.count);
+        while (++i < end) {
+            const Box2d wider = Union(box, BoxOf(points[i], points[i + 1]));
+            if (SideOf(wider) > RUN_SIDE * pieceSide) {
+                break;
+            }
+            box = wider;
+        }
+        entries.push_back({box, run});
+    }
+    m_runs.push_back(static_cast<std::uint32_t>(ring.count));
+    m_places = EdgeTree(std::move(entries));
+}
+
+void EdgeIndex::AddPieces(const Vec2d& a, const Vec2d& b, double pieceSide, std::uint32_t run,
+                          std::vector<EdgeTree::Entry>& entries) {
+    const std::uint32_t pieces = static_cast<std::uint32_t>(SideOf(a, b) / pieceSide) + 1;
+    Vec2d from = a;
+    for (std::uint32_t k = 1; k <= pieces; ++k) {
+        const Vec2d to = k == pieces ? b : a + (b - a) * (static_cast<double>(k) / pieces);
+        entries.push_back({BoxOf(from, to), run});
+        from = to;
+    }
 }
 
 EdgeIndex::Reach EdgeIndex::ReachOf(const Vec2d& p, const Vec2d& q) const {
-    const Box2d segment = BoxOf(ToRing(p), ToRing(q));
-    const Box2d both(std::min(segment.minX, 0.0), std::min(segment.minY, 0.0),
-                     std::max(segment.maxX, m_size.x), std::max(segment.maxY, m_size.y));
-    const double near = NEAR * Extent(both);
-    return {Places::RoundedDown(WithinView(segment.minX - near)),
-            Places::RoundedDown(WithinView(segment.minY - near)),
-            Places::RoundedUp(WithinView(segment.maxX + near)),
-            Places::RoundedUp(WithinView(segment.maxY + near)), near};
-}
-
-void EdgeIndex::AddPlaces(const std::vector<Edge>& edges) {
-    const double pieceSide = PieceSide(edges, m_box);
-    std::vector<Places::Entry> entries;
-    entries.reserve(edges.size());
-    for (std::size_t i = 0; i < edges.size(); ++i) {
-        const Edge& edge = edges[i];
-        const std::uint32_t pieces = PieceCount(edge, pieceSide);
-        for (std::uint32_t k = 0; k < pieces; ++k) {
-            const double f = static_cast<double>(k) / pieces;
-            const double g = static_cast<double>(k + 1) / pieces;
-            const Range x = PieceRange(edge.start.x, edge.end.x, f, g);
-            const Range y = PieceRange(edge.start.y, edge.end.y, f, g);
-            const Vec2d low = ToRing({x.low, y.low});
-            const Vec2d high = ToRing({x.high, y.high});
-            entries.push_back({{low.x, low.y}, {high.x, high.y}, static_cast<std::uint32_t>(i)});
-        }
-    }
-    m_places = Places(std::move(entries), [](const std::array<double, 2>& spreads) {
-        return spreads[X] >= spreads[Y] ? X : Y;
-    });
-}
-
-// Edges of no length cross nothing.
-void EdgeIndex::AddDirections(const std::vector<Edge>& edges) {
-    std::vector<Directions::Entry> entries;
-    entries.reserve(edges.size());
-    for (std::size_t i = 0; i < edges.size(); ++i) {
-        const Vec2d e = edges[i].end - edges[i].start;
-        if (e.x == 0.0 && e.y == 0.0) {
-            continue;
-        }
-        const Box2d box = BoxOf(ToRing(edges[i].start), ToRing(edges[i].end));
-        const double direction = DirectionOf(e);
-        entries.push_back({{box.minX, box.minY, direction},
-                           {box.maxX, box.maxY, direction},
-                           static_cast<std::uint32_t>(i)});
-    }
-    m_directions = Directions(std::move(entries), [](const std::array<double, 3>& spreads) {
-        if (spreads[DIRECTION] > SAME_DIRECTION) {
-            return DIRECTION;
-        }
-        return spreads[X] >= spreads[Y] ? X : Y;
-    });
+    const Box2d segment = BoxOf(m_frame.ToRing(p), m_frame.ToRing(q));
+    const Vec2d& size = m_frame.Size();
+    const Box2d both = Union(segment, Box2d(0.0, 0.0, size.x, size.y));
+    const double near = NEAR * std::max(both.maxX - both.minX, both.maxY - both.minY);
+    return {EdgeTree::RoundedDown(WithinView(segment.minX - near)),
+            EdgeTree::RoundedDown(WithinView(segment.minY - near)),
+            EdgeTree::RoundedUp(WithinView(segment.maxX + near)),
+            EdgeTree::RoundedUp(WithinView(segment.maxY + near)), near};
 }
 
 bool EdgeIndex::IsGoodFor(const Vec2d& p, const Vec2d& q) const {
-    return IsBuilt() && IsGood(p, q);
+    return IsBuilt() && IsGoodCoordinate(p.x) && IsGoodCoordinate(p.y) && IsGoodCoordinate(q.x) &&
+           IsGoodCoordinate(q.y) && IsGoodExtent(q.x - p.x) && IsGoodExtent(q.y - p.y);
+}
+
+template <typename Visit>
+bool EdgeIndex::VisitParallels(const Query& query, const Visit& visit) const {
+    const double size = 2.0 * query.reach.near / NEAR;
+    const double near = NEAR_OF_PARALLELS * LONGEST_EDGE + query.reach.near;
+    return m_parallels.VisitNear(query.p, query.d, size, near, visit);
+}
+
+bool EdgeIndex::HasParallels(const Vec2d& p, const Vec2d& q) const {
+    return !VisitParallels(Query(*this, p, q), [](std::uint32_t) { return false; });
 }
 
 bool EdgeIndex::FindNear(const Vec2d& p, const Vec2d& q, Found& found) const {
     // Sorting more than this takes longer than walking all edges.
     const std::size_t most = std::max<std::size_t>(m_edgeCount / 8, 32);
+    const Query query(*this, p, q);
+    const Gate gate(*this, query, p, q);
+    const auto addRun = [this, &gate, &found, most](std::uint32_t run) {
+        for (std::uint32_t edge = m_runs[run]; edge < m_runs[run + 1]; ++edge) {
+            if (gate.LetsPass(m_ring[edge], m_ring[edge + 1])) {
+                found.Append(edge);
+            }
+        }
+        return found.Count() <= most;
+    };
     const auto add = [&found, most](std::uint32_t edge) {
         found.Append(edge);
         return found.Count() <= most;
     };
-    const Query query(*this, p, q);
-    bool isComplete = m_places.Walk(query, add);
-    if (isComplete && query.IsSlanted()) {
-        isComplete = m_directions.Walk(Parallels(query), add);
+    bool isComplete = m_places.Walk(query, addRun);
+    if (isComplete && query.isSlanted) {
+        isComplete = VisitParallels(query, add);
     }
     if (isComplete && found.Count() > 1) {
         std::sort(found.begin(), found.end());

@@ -3,31 +3,14 @@
 
 #include "geometry/Foundation.h"
 #include "geometry/detail/EdgeTree.h"
+#include "geometry/detail/FramedRing.h"
+#include "geometry/detail/Parallels.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
 namespace geom::detail {
-
-/// An edge by its ends.
-struct Edge {
-    Vec2d start;
-    Vec2d end;
-};
-
-/// A bit for each of a node's children for which `holds(child)`; simple conditions without
-/// jumps become a few vector instructions.
-template <typename Holds>
-std::uint32_t BitsOf(const Holds& holds) {
-    constexpr std::uint32_t BITS[] = {0x1,   0x2,   0x4,   0x8,   0x10,   0x20,   0x40,   0x80,
-                                      0x100, 0x200, 0x400, 0x800, 0x1000, 0x2000, 0x4000, 0x8000};
-    std::uint32_t bits = 0;
-    for (std::size_t k = 0; k < 16; ++k) {
-        bits |= holds(k) ? BITS[k] : 0U;
-    }
-    return bits;
-}
 
 /// Finds the edges of a ring that a segment may cross or overlap, and those that a point may
 /// lie on.
@@ -46,8 +29,9 @@ public:
 
     /// Without edges; good for no segment.
     EdgeIndex() = default;
-    /// The edges in ring order; fewer than 2^31.
-    explicit EdgeIndex(const std::vector<Edge>& edges);
+    /// Of fewer than 2^31 edges. The index goes on reading the ring as it was given, not the
+    /// one in the frame.
+    explicit EdgeIndex(const FramedRing& ring);
 
     /// Whether the index can be asked at all. Not, when the edges' coordinates are not finite or
     /// of extreme size.
@@ -55,8 +39,8 @@ public:
     /// Whether FindNear may be asked about the segment from p to q.
     bool IsGoodFor(const Vec2d& p, const Vec2d& q) const;
 
-    /// Finds all edges that the crossing tests could accept for the segment from p to q, each
-    /// once, in ring order.
+    /// Finds all edges that the crossing tests could accept for the segment from p to q, and
+    /// all that p or q may lie on, each once, in ring order.
     ///
     /// \return false, and nothing of use, when there are so many that looking at every edge is
     /// no slower.
@@ -66,49 +50,56 @@ public:
     /// product test of a point within the edge's box tells. Good for any point.
     template <typename Test>
     bool AnyAt(const Vec2d& p, const Test& test) const {
+        const Box2d& box = m_frame.Box();
         // Also turns away points with coordinates that are not numbers.
-        if (!(m_box.minX <= p.x && p.x <= m_box.maxX && m_box.minY <= p.y && p.y <= m_box.maxY)) {
+        if (!(box.minX <= p.x && p.x <= box.maxX && box.minY <= p.y && p.y <= box.maxY)) {
             return false;
         }
-        const Reach reach = ReachOf(p, p);
-        return !m_places.Walk([&reach](const auto& node) { return reach.Hits(node); },
-                              [&test](std::uint32_t edge) { return !test(edge); });
+        return !m_places.Walk(ReachOf(p, p), [this, &test](std::uint32_t run) {
+            for (std::uint32_t edge = m_runs[run]; edge < m_runs[run + 1]; ++edge) {
+                if (test(edge)) {
+                    return false;
+                }
+            }
+            return true;
+        });
+    }
+
+    /// Whether some edge may be so nearly parallel to the segment from p to q, and so near its
+    /// line, that the tests could accept it far from the segment. For a segment that IsGoodFor
+    /// accepts and that has a length.
+    bool MayHaveParallels(const Vec2d& p, const Vec2d& q) const {
+        const Vec2d d = q - p;
+        return d.x != 0.0 && d.y != 0.0 && m_parallels.MayHave(d) && HasParallels(p, q);
     }
 
 private:
-    using Places = EdgeTree<2>;
-    using Directions = EdgeTree<3>;
-
     /// The box of a segment or a point, relative to the ring, widened by `near` to where the
     /// edges that it may meet can lie.
     struct Reach {
+        std::uint32_t operator()(const EdgeTree::Node& node) const;
+
         float lowX, lowY, highX, highY;
         double near;
-
-        /// A bit for each child whose box meets this one.
-        template <typename Node>
-        std::uint32_t Hits(const Node& node) const {
-            return BitsOf([this, &node](std::size_t k) {
-                return (node.low[0][k] <= highX) & (node.high[0][k] >= lowX) &
-                       (node.low[1][k] <= highY) & (node.high[1][k] >= lowY);
-            });
-        }
     };
 
     struct Query;
-    struct Parallels;
+    struct Gate;
 
-    void AddPlaces(const std::vector<Edge>& edges);
-    void AddDirections(const std::vector<Edge>& edges);
-    Vec2d ToRing(const Vec2d& p) const;
+    void AddRuns(const FramedRing& ring);
+    static void AddPieces(const Vec2d& a, const Vec2d& b, double pieceSide, std::uint32_t run,
+                          std::vector<EdgeTree::Entry>& entries);
     Reach ReachOf(const Vec2d& p, const Vec2d& q) const;
+    bool HasParallels(const Vec2d& p, const Vec2d& q) const;
+    template <typename Visit>
+    bool VisitParallels(const Query& query, const Visit& visit) const;
 
     std::size_t m_edgeCount = 0;
-    Box2d m_box;
-    double m_scale = 1.0;   ///< brings the ring's larger extent to between 1 and 2
-    Vec2d m_size{0.0, 0.0}; ///< of the ring's box, scaled
-    Places m_places;
-    Directions m_directions; ///< two axes for the place and one for the direction
+    const Vec2d* m_ring = nullptr;
+    RingFrame m_frame;
+    std::vector<std::uint32_t> m_runs; ///< the first edge of each run, and the end of the last
+    EdgeTree m_places;                 ///< of the runs
+    Parallels m_parallels;
 };
 
 } // namespace geom::detail
