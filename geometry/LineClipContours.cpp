@@ -181,6 +181,7 @@ void LineClipPolygon::BuildIndex(std::size_t mostEdges) {
         index->edges = detail::EdgeIndex(ring);
         if (index->edges.IsBuilt()) {
             index->contour = contours;
+            index->cells = detail::ClearCells(ring, ProbeStart(contours));
             m_index = std::move(index);
         }
     } catch (const std::bad_alloc&) {

@@ -138,27 +138,32 @@ int LineClipPolygon::p_where(const Vec2d* a, const Vec2d* b, const SEGMENT* segm
     return SidesOf(*segment, *a, *b);
 }
 
-// Visits, in ring order, at least all edges that a crossing test accepts for the segment.
+// Visits, in ring order, at least all edges that a crossing test accepts for the segment and
+// all that its ends lie on. Memory may run out here and in the visits.
 template <typename Visit>
 void LineClipPolygon::VisitEdgesNear(const CONTOUR* contour, const SEGMENT& segment,
                                      Visit visit) const {
     const Vec2d p(segment.startX, segment.startY);
     const Vec2d q(segment.endX, segment.endY);
     const RingIndex* const index = IndexOf(contour);
-    if (index != nullptr && index->edges.IsGoodFor(p, q)) {
-        detail::EdgeIndex::Found found;
-        if (index->edges.FindNear(p, q, found)) {
-            for (const std::uint32_t edge : found) {
-                visit(index->At(edge));
+    try {
+        if (index != nullptr && index->edges.IsGoodFor(p, q)) {
+            detail::EdgeIndex::Found found;
+            if (index->edges.FindNear(p, q, found)) {
+                for (const std::uint32_t edge : found) {
+                    visit(index->At(edge));
+                }
+                return;
             }
-            return;
         }
+        const SEGMENT* edge = contour->segments;
+        do {
+            visit(LinkedEdge(edge));
+            edge = edge->next;
+        } while (edge != contour->segments);
+    } catch (const std::bad_alloc&) {
+        detail::ThrowLineClipOutOfMemory(detail::LINE_CROSSING_LIST);
     }
-    const SEGMENT* edge = contour->segments;
-    do {
-        visit(LinkedEdge(edge));
-        edge = edge->next;
-    } while (edge != contour->segments);
 }
 
 void LineClipPolygon::cross_calc(const CONTOUR* contour, SEGMENT* segment, CLIST** list,
@@ -175,34 +180,52 @@ void LineClipPolygon::cross_calc(const CONTOUR* contour, SEGMENT* segment, CLIST
         }
         (*list)[(*count)++] = {x, y, kind};
     };
-    try {
-        VisitEdgesNear(contour, *segment,
-                       [&](const auto& edge) { CrossEdge(edge, *segment, record); });
-    } catch (const std::bad_alloc&) {
-        detail::ThrowLineClipOutOfMemory(detail::LINE_CROSSING_LIST);
-    }
+    VisitEdgesNear(contour, *segment, [&](const auto& edge) { CrossEdge(edge, *segment, record); });
     SortCrossings(*list, static_cast<std::size_t>(*count));
 }
 
-// As cross_calc, into a list of our own.
-void LineClipPolygon::Gather(const CONTOUR* contour, const SEGMENT& segment,
+// As cross_calc, into a list of our own. Tells whether the segment starts on the contour.
+bool LineClipPolygon::Gather(const CONTOUR* contour, const SEGMENT& segment,
                              CrossingList& list) const {
-    try {
-        VisitEdgesNear(contour, segment, [&](const auto& edge) {
-            CrossEdge(edge, segment, [&list](double x, double y, std::uint16_t kind) {
-                list.entries.Append({x, y, kind});
-            });
+    const Vec2d start(segment.startX, segment.startY);
+    bool startsOnContour = false;
+    VisitEdgesNear(contour, segment, [&](const auto& edge) {
+        startsOnContour = startsOnContour || IsOnEdge(edge, start);
+        CrossEdge(edge, segment, [&list](double x, double y, std::uint16_t kind) {
+            list.entries.Append({x, y, kind});
         });
-    } catch (const std::bad_alloc&) {
-        detail::ThrowLineClipOutOfMemory(detail::LINE_CROSSING_LIST);
-    }
+    });
     SortCrossings(list.entries.Data(), list.entries.Count());
+    return startsOnContour;
+}
+
+// Left of the contour.
+double LineClipPolygon::ProbeStart(const CONTOUR* contour) {
+    return contour->minX - 2.0;
+}
+
+// Whether a probe crosses the contour an odd number of times behind a clear place. Only the way
+// from there is searched, but the tests are those of the whole probe.
+bool LineClipPolygon::ShortProbeIsOdd(const CONTOUR* contour, const SEGMENT& probe,
+                                      double fromX) const {
+    const SEGMENT last = {fromX, probe.startY, probe.endX, probe.endY, nullptr, nullptr};
+    bool isOdd = false;
+    VisitEdgesNear(contour, last, [&](const auto& edge) {
+        CrossEdge(edge, probe,
+                  [&](double x, double, std::uint16_t) { isOdd = isOdd != (x > fromX); });
+    });
+    return isOdd;
 }
 
 // Whether a horizontal probe from the left of the contour to the point crosses it an odd number
 // of times; the two ends of an overlap are one crossing.
 bool LineClipPolygon::ProbeIsOdd(const CONTOUR* contour, const Vec2d& p) const {
-    const SEGMENT probe = {contour->minX - 2.0, p.y, p.x, p.y, nullptr, nullptr};
+    const SEGMENT probe = {ProbeStart(contour), p.y, p.x, p.y, nullptr, nullptr};
+    const RingIndex* const index = IndexOf(contour);
+    detail::ClearCells::Place place;
+    if (index != nullptr && index->cells.FindBefore(p, place)) {
+        return place.isInside != (place.x < p.x && ShortProbeIsOdd(contour, probe, place.x));
+    }
     CrossingList list;
     Gather(contour, probe, list);
     const std::size_t count = list.Count();

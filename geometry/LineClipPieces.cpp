@@ -53,14 +53,9 @@ bool LineClipPolygon::DecideBeside(const CONTOUR* contour, const CLIST& from, co
     return !IsNear(near, far);
 }
 
-// Finds out whether the segment starts inside the contour. Where its start lies on the contour,
-// leading entries that do not leave it are given up; false when no piece is left.
-bool LineClipPolygon::DecideStart(const CONTOUR* contour, CrossingList& list, const Vec2d& start,
-                                  bool& inside) const {
-    if (!on_contour(contour, &start)) {
-        inside = ProbeIsOdd(contour, start);
-        return true;
-    }
+// Finds out whether a segment that starts on the contour first runs inside it. Leading entries
+// that do not leave the contour are given up; false when no piece is left.
+bool LineClipPolygon::DecideStart(const CONTOUR* contour, CrossingList& list, bool& inside) const {
     inside = false;
     while (!DecideBeside(contour, list[0], list[1], inside)) {
         ++list.first;
@@ -89,12 +84,21 @@ void LineClipPolygon::clip_to_contours(CONTOUR* contour, SEGMENT* segment, Piece
         }
         return;
     }
+    const RingIndex* const index = IndexOf(contour);
+    if (index != nullptr && index->AreClear(start, end)) {
+        if (ProbeIsOdd(contour, start) == isOuter) {
+            clip_to_contours(contour->next, segment, callback, context);
+        }
+        return;
+    }
     CrossingList list;
     list.entries.Append({start.x, start.y, 0});
     list.entries.Append({end.x, end.y, 0});
-    Gather(contour, *segment, list);
+    const bool startsOnContour = Gather(contour, *segment, list);
     bool inside = false;
-    if (!DecideStart(contour, list, start, inside)) {
+    if (!startsOnContour) {
+        inside = ProbeIsOdd(contour, start);
+    } else if (!DecideStart(contour, list, inside)) {
         return;
     }
     bool pass = inside == isOuter;

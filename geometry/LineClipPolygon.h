@@ -153,14 +153,15 @@ private:
     void FreeAll();
     void BuildIndex(std::size_t mostEdges);
     const RingIndex* IndexOf(const CONTOUR* contour) const;
+    static double ProbeStart(const CONTOUR* contour);
     template <typename Visit>
     void VisitEdgesNear(const CONTOUR* contour, const SEGMENT& segment, Visit visit) const;
-    void Gather(const CONTOUR* contour, const SEGMENT& segment, CrossingList& list) const;
+    bool Gather(const CONTOUR* contour, const SEGMENT& segment, CrossingList& list) const;
+    bool ShortProbeIsOdd(const CONTOUR* contour, const SEGMENT& probe, double fromX) const;
     bool ProbeIsOdd(const CONTOUR* contour, const Vec2d& p) const;
     bool DecideBeside(const CONTOUR* contour, const CLIST& from, const CLIST& to,
                       bool& inside) const;
-    bool DecideStart(const CONTOUR* contour, CrossingList& list, const Vec2d& start,
-                     bool& inside) const;
+    bool DecideStart(const CONTOUR* contour, CrossingList& list, bool& inside) const;
 
     std::unique_ptr<const RingIndex> m_index; ///< of the contour it was built for; may be null
 };

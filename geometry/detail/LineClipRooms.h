@@ -2,6 +2,7 @@
 #pragma once
 
 #include "geometry/LineClipPolygon.h"
+#include "geometry/detail/ClearCells.h"
 #include "geometry/detail/EdgeIndex.h"
 
 #include <vector>
@@ -54,9 +55,16 @@ struct LineClipPolygon::RingIndex {
 
     Edge At(std::uint32_t edge) const { return Edge(&vertices[edge]); }
 
+    /// Whether it is certain that p is on no edge and that no crossing test accepts an edge for
+    /// the segment from p to q.
+    bool AreClear(const Vec2d& p, const Vec2d& q) const {
+        return cells.AreClear(p, q) && !edges.MayHaveParallels(p, q);
+    }
+
     const CONTOUR* contour;
     std::vector<Vec2d> vertices; ///< the last one, all, and the first two
     detail::EdgeIndex edges;
+    detail::ClearCells cells;
 };
 
 /// The same edge as the contour has it.

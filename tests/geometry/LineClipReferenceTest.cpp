@@ -57,6 +57,55 @@ TEST(LineClipPolygon, GivesTheResultsOfWalkingAllEdges) {
     EXPECT_GT(all.on, 3000U);
 }
 
+// Steps of a hundredth of the polygon, some along edges and some to the level of a vertex: most
+// segments are near nothing, and many starts are at awkward places of clear areas.
+Points Walk(const LineClipCase& made, std::mt19937& random) {
+    std::uniform_int_distribution<std::size_t> vertex(0, made.points.size() - 1);
+    std::uniform_real_distribution<double> unit(-1.0, 1.0);
+    Box2d box;
+    for (const Vec2d& point : made.points) {
+        box.ExtendBy(point);
+    }
+    const Vec2d size(box.maxX - box.minX, box.maxY - box.minY);
+    Points walk;
+    Vec2d at = box.Center();
+    for (int i = 0; i < 100; ++i) {
+        const std::size_t k = vertex(random);
+        const Vec2d edge = made.points[(k + 1) % made.points.size()] - made.points[k];
+        const double dx = size.x * unit(random);
+        const Vec2d any(dx, size.y * unit(random));
+        at += (i % 7 == 0 ? edge : any) * (0.05 * unit(random));
+        if (i % 11 == 0) {
+            at.y = std::nextafter(made.points[k].y, i % 3 == 0 ? made.points[k].y : at.y);
+        }
+        if (i % 20 == 0) {
+            at = box.Center() + size * (0.5 * unit(random));
+        }
+        walk.push_back(at);
+    }
+    return walk;
+}
+
+TEST(LineClipPolygon, GivesTheResultsOfWalkingAllEdgesAlongWalks) {
+    const unsigned int seed = 815;
+    LineClipCases cases(seed);
+    std::mt19937 random(seed);
+    LineClipTally tally;
+    for (int round = 0; round < 800; ++round) {
+        const LineClipCase made = cases.Next(1);
+        const Points walk = Walk(made, random);
+        const LineClipPair pair(made);
+        pair.CompareSegments(walk, tally);
+        pair.CompareRuns(walk, tally);
+        pair.CompareProbes(walk, tally);
+        ASSERT_EQ(tally.differences, 0U) << made.kind << ", seed " << seed << " round " << round;
+    }
+    std::printf("seed %u: %zu segments %zu pieces %zu runs %zu probes (%zu inside)\n", seed,
+                tally.segments, tally.pieces, tally.runs, tally.probes, tally.inside);
+    EXPECT_GT(tally.pieces, 15000U);
+    EXPECT_GT(tally.inside, 15000U);
+}
+
 // Large enough for several levels of the index.
 constexpr int MANY = 5000;
 
@@ -126,6 +175,7 @@ TEST(LineClipPolygon, GivesTheResultsOfWalkingAllEdgesOfLargePolygons) {
         LineClipTally tally;
         const LineClipPair pair(made);
         pair.CompareSegments(made.ends, tally);
+        pair.CompareRuns(Walk(made, random), tally);
         pair.CompareProbes(made.ends, tally);
         std::printf(
             "%-12s %zu segments %zu pieces %zu probes (%zu inside, %zu on the boundary), %zu "
