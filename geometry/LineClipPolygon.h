@@ -20,9 +20,9 @@ class Polyline;
 /// The polygon may have holes and several islands: its rings are run as one sequence of edges,
 /// joined by edges that are run once each way, and inside is what an odd number of edges
 /// separates from the outside. Built once, the object never changes, so several threads may
-/// clip with it at once. An index over the edges is built with it: a segment of a polygon of n
-/// edges costs about log n plus the edges near it, and the results are to the bit those of
-/// looking at every edge.
+/// clip with it at once. An index over the edges is built with it: a short segment that is near
+/// no edge costs the same for any number n of edges, another one about log n plus the edges near
+/// it, and the results are to the bit those of looking at every edge.
 ///
 /// Pieces run from their smaller to their larger end, by x and then y, whatever the direction
 /// of the input. A stretch that runs along the boundary is kept when the piece below it in that
