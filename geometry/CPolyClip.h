@@ -39,28 +39,7 @@ public:
     std::size_t Clip(const Vec2d* pts, std::size_t n, CPodVector<Vec2d, 32>& out);
 
 private:
-    // In the order in which the stages are stored; the vertices flow from the last to the first.
-    enum Side : std::size_t { TOP, LEFT, BOTTOM, RIGHT, SIDES };
-
-    struct Stage {
-        double bound = 0;
-        bool first = true; // until the ring's first vertex has come
-        Vec2d firstPoint = {0, 0};
-        Vec2d previous = {0, 0};
-        bool previousInside = false;
-    };
-
-    template <Side SIDE>
-    void Receive(const Vec2d& q);
-    template <Side SIDE>
-    void PassOn(const Vec2d& q);
-    template <Side SIDE>
-    void Close();
-    std::size_t PassRun(const Vec2d& last, const Vec2d* pts, std::size_t n);
-    void ClipInto(const Vec2d* pts, std::size_t n);
-
-    Stage m_stages[SIDES];
-    CPodVector<Vec2d, 32>* m_output = nullptr; // the caller's, during Clip
+    double m_top, m_left, m_bottom, m_right;
 };
 
 } // namespace geom

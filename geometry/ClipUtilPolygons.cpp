@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 /// \file
-/// The polygon functions of ClipUtil.h.
-#include "geometry/CPolyClip.h"
+/// The polygon functions of ClipUtil.h, but for rectangles.
 #include "geometry/ClipUtil.h"
 #include "geometry/GpcPolygon.h"
 
@@ -50,44 +49,6 @@ void ClipPolyPolygonToGPolygon(const Vec2d* pts, const unsigned int* counts, std
                                const GpcPolygon& clip, std::vector<Vec2d>& outPts,
                                std::vector<unsigned int>& outCounts, bool close) {
     ClipGPolygonToGPolygon(GpcPolygon(pts, counts, numParts), clip, outPts, outCounts, close);
-}
-
-void ClipGPolygonToRect(const GpcPolygon& subject, const Box2d& rect, GpcPolygon& result) {
-    Box2d box(rect);
-    box.Normalize();
-    CPolyClip clipper(box);
-    std::vector<Vec2d> pts;
-    std::vector<unsigned int> counts;
-    subject.GetPolyPolygon(pts, counts, false);
-
-    std::vector<Vec2d> clippedPts;
-    std::vector<unsigned int> clippedCounts;
-    CPodVector<Vec2d, 32> ring;
-    const Vec2d* next = pts.data();
-    for (const unsigned int n : counts) {
-        ring.Clear();
-        // Two points are enough: a contour that is cut to a line still shows as one.
-        if (clipper.Clip(next, n, ring) >= 2) {
-            clippedPts.insert(clippedPts.end(), ring.begin(), ring.end());
-            clippedCounts.push_back(static_cast<unsigned int>(ring.Count()));
-        }
-        next += n;
-    }
-    // All at once, so that the result's arrays grow only once.
-    result.AddContours(clippedPts.data(), clippedCounts.data(), clippedCounts.size());
-}
-
-void ClipGPolygonToRect(const GpcPolygon& subject, const Box2d& rect, std::vector<Vec2d>& pts,
-                        std::vector<unsigned int>& counts, bool close) {
-    GpcPolygon result;
-    ClipGPolygonToRect(subject, rect, result);
-    FillUnlessEmpty(result, pts, counts, close);
-}
-
-void ClipPolyPolygonToRect(const Vec2d* pts, const unsigned int* counts, std::size_t numParts,
-                           const Box2d& rect, std::vector<Vec2d>& outPts,
-                           std::vector<unsigned int>& outCounts, bool close) {
-    ClipGPolygonToRect(GpcPolygon(pts, counts, numParts), rect, outPts, outCounts, close);
 }
 
 bool PolygonContains(const GpcPolygon& outer, const GpcPolygon& inner) {

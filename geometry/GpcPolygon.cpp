@@ -3,7 +3,7 @@
 /// Making, copying and appending the contours of a GpcPolygon, and its box.
 #include "geometry/GpcPolygon.h"
 
-#include "geometry/Errors.h"
+#include "geometry/detail/PolygonErrors.h"
 #include "geometry/engine/ContourAppender.h"
 
 #include <algorithm>
@@ -17,20 +17,6 @@ namespace geom {
 
 namespace {
 
-constexpr const wchar_t* UNIT = L"GpcPolygon";
-
-enum Line : int {
-    LINE_CONTOUR_INDEX = 122,
-    LINE_NULL_POINTS = 131,
-    LINE_NULL_COUNTS = 132,
-    LINE_ALLOCATE_HOLES = 878,
-    LINE_ALLOCATE_CONTOURS = 885,
-    LINE_UNALLOCATED_INDEX = 892,
-    LINE_ALLOCATE_VERTICES = 903,
-};
-
-constexpr std::size_t LARGEST_COUNT = std::numeric_limits<int>::max();
-
 /// Contour and vertex counts are signed in the engine's records, and a file whose reading failed
 /// can leave a negative one behind.
 std::size_t CountOf(int count) {
@@ -38,26 +24,10 @@ std::size_t CountOf(int count) {
 }
 
 template <typename Point>
-bool IsClosed(const Point* pts, std::size_t n) {
-    return n != 0 && pts[0].x == pts[n - 1].x && pts[0].y == pts[n - 1].y;
-}
-
-template <typename Point>
 void CopyVertices(const Point* pts, std::size_t n, gpc_vertex* vertices) {
     std::transform(pts, pts + n, vertices, [](const Point& p) {
         return gpc_vertex{static_cast<double>(p.x), static_cast<double>(p.y)};
     });
-}
-
-template <typename Point>
-void RequirePoints(const Point* pts, std::size_t n) {
-    if (pts == nullptr && n != 0) {
-        ThrowInternalError(UNIT, LINE_NULL_POINTS);
-    }
-}
-
-[[noreturn]] void ThrowOutOfMemory(Line line) {
-    kit::Throw_ERR_KIT_NOGLOBALMEM(ModuleName(), UNIT, line);
 }
 
 } // namespace
@@ -132,7 +102,7 @@ std::size_t GpcPolygon::GetNumContours() const {
 
 std::size_t GpcPolygon::GetContourVertexCount(std::size_t i) const {
     if (i >= GetNumContours()) {
-        ThrowInternalError(UNIT, LINE_CONTOUR_INDEX);
+        ThrowInternalError(detail::POLYGON_UNIT, detail::LINE_CONTOUR_INDEX);
     }
     return CountOf(contour[i].num_vertices);
 }
@@ -183,15 +153,13 @@ void GpcPolygon::AddContours(const Vec2d* pts, const unsigned int* counts,
     if (numContours == 0) {
         return;
     }
-    if (counts == nullptr) {
-        ThrowInternalError(UNIT, LINE_NULL_COUNTS);
-    }
+    detail::RequireCounts(counts);
     detail::ContourAppender appender(*this, numContours);
     for (std::size_t i = 0; i < numContours; ++i) {
         const std::size_t n = counts[i];
-        RequirePoints(pts, n);
+        detail::RequirePoints(pts, n);
         // A count beyond the records' range is refused before the points are looked at.
-        const bool isClosed = n <= LARGEST_COUNT && IsClosed(pts, n);
+        const bool isClosed = n <= detail::LARGEST_POLYGON_COUNT && detail::IsClosed(pts, n);
         const std::size_t stored = isClosed ? n - 1 : n;
         gpc_vertex* vertices = appender.Append(static_cast<std::int64_t>(stored), 0);
         CopyVertices(pts, stored, vertices);
@@ -215,12 +183,10 @@ void GpcPolygon::ConstructFromPoints(const Point* pts, const unsigned int* count
     if (numContours == 0) {
         return;
     }
-    if (counts == nullptr) {
-        ThrowInternalError(UNIT, LINE_NULL_COUNTS);
-    }
+    detail::RequireCounts(counts);
     AllocateContourList(numContours);
     for (int i = 0; i < num_contours; ++i) {
-        RequirePoints(pts, counts[i]);
+        detail::RequirePoints(pts, counts[i]);
         SetContour(i, pts, counts[i], 0, true);
         pts += counts[i];
     }
@@ -228,7 +194,7 @@ void GpcPolygon::ConstructFromPoints(const Point* pts, const unsigned int* count
 
 template <typename Point>
 void GpcPolygon::ConstructFromRing(const Point* pts, std::size_t n) {
-    RequirePoints(pts, n);
+    detail::RequirePoints(pts, n);
     AllocateContourList(1);
     SetContour(0, pts, n, 0, true);
 }
@@ -239,10 +205,10 @@ void GpcPolygon::SetContour(int i, const Point* pts, std::size_t n, int holeFlag
     if (contour == nullptr || i < 0 || i >= num_contours) {
         return;
     }
-    if (n > LARGEST_COUNT) {
+    if (n > detail::LARGEST_POLYGON_COUNT) {
         HandleUnallocatedContour(i);
     }
-    const std::size_t stored = dropClosingDuplicate && IsClosed(pts, n) ? n - 1 : n;
+    const std::size_t stored = dropClosingDuplicate && detail::IsClosed(pts, n) ? n - 1 : n;
     gpc_vertex_list& ring = contour[i];
     if (stored != 0) {
         ring.vertex = static_cast<gpc_vertex*>(std::malloc(stored * sizeof(gpc_vertex)));
@@ -261,24 +227,24 @@ void GpcPolygon::AllocateContourList(std::size_t n) {
         return;
     }
     // A count beyond the record's range is as good as one beyond the heap.
-    if (n > LARGEST_COUNT) {
-        ThrowOutOfMemory(LINE_ALLOCATE_HOLES);
+    if (n > detail::LARGEST_POLYGON_COUNT) {
+        detail::ThrowOutOfMemory(detail::LINE_ALLOCATE_HOLES);
     }
     hole = static_cast<int*>(std::calloc(n, sizeof(int)));
     if (hole == nullptr) {
-        ThrowOutOfMemory(LINE_ALLOCATE_HOLES);
+        detail::ThrowOutOfMemory(detail::LINE_ALLOCATE_HOLES);
     }
     contour = static_cast<gpc_vertex_list*>(std::calloc(n, sizeof(gpc_vertex_list)));
     if (contour == nullptr) {
         std::free(std::exchange(hole, nullptr));
-        ThrowOutOfMemory(LINE_ALLOCATE_CONTOURS);
+        detail::ThrowOutOfMemory(detail::LINE_ALLOCATE_CONTOURS);
     }
     num_contours = static_cast<int>(n);
 }
 
 void GpcPolygon::HandleUnallocatedContour(int i) {
     if (i >= num_contours) {
-        ThrowInternalError(UNIT, LINE_UNALLOCATED_INDEX);
+        ThrowInternalError(detail::POLYGON_UNIT, detail::LINE_UNALLOCATED_INDEX);
     }
     while (i > 0) {
         std::free(contour[--i].vertex);
@@ -287,7 +253,7 @@ void GpcPolygon::HandleUnallocatedContour(int i) {
     std::free(std::exchange(hole, nullptr));
     num_contours = 0;
     bbox = Box2d();
-    ThrowOutOfMemory(LINE_ALLOCATE_VERTICES);
+    detail::ThrowOutOfMemory(detail::LINE_ALLOCATE_VERTICES);
 }
 
 void GpcPolygon::MoveTo(GpcPolygon& target) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 /// \file
 /// A GpcPolygon's contours as arrays of points: one after another, or joined to a single ring.
-#include "geometry/Errors.h"
 #include "geometry/GpcPolygon.h"
+#include "geometry/detail/PolygonErrors.h"
 #include "geometry/detail/RoundToInt.h"
 
 #include <algorithm>
@@ -12,15 +12,6 @@
 namespace geom {
 
 namespace {
-
-constexpr const wchar_t* UNIT = L"GpcPolygon";
-
-enum Line : int {
-    LINE_RESIZE_POLYPOLYGON = 326,
-    LINE_RESIZE_INTEGER_POLYPOLYGON = 353,
-    LINE_RESIZE_POLYGON = 538,
-    LINE_RESIZE_INTEGER_POLYGON = 560,
-};
 
 void Convert(const gpc_vertex& from, Vec2d& to) {
     to = {from.x, from.y};
@@ -94,32 +85,25 @@ std::size_t WritePolygon(const gpc_polygon& polygon, Point* pts) {
 }
 
 template <typename Point>
-void Reserve(std::vector<Point>& elements, std::size_t n, Line line) {
-    try {
-        elements.reserve(n);
-    } catch (...) {
-        kit::Throw_ERR_KIT_NOGLOBALMEM(ModuleName(), UNIT, line);
-    }
-}
-
-template <typename Point>
 std::size_t FillPolyPolygon(const gpc_polygon& polygon, std::vector<Point>& pts,
-                            std::vector<unsigned int>& counts, bool close, Line line) {
+                            std::vector<unsigned int>& counts, bool close,
+                            detail::PolygonLine line) {
     const std::size_t numContours =
         polygon.num_contours > 0 ? static_cast<std::size_t>(polygon.num_contours) : 0;
     const std::size_t total =
         WritePolyPolygon(polygon, static_cast<Point*>(nullptr), nullptr, close);
-    Reserve(pts, total, line);
-    Reserve(counts, numContours, line);
+    detail::Reserve(pts, total, line);
+    detail::Reserve(counts, numContours, line);
     pts.resize(total);
     counts.resize(numContours);
     return WritePolyPolygon(polygon, pts.data(), counts.data(), close);
 }
 
 template <typename Point>
-std::size_t FillPolygon(const gpc_polygon& polygon, std::vector<Point>& pts, Line line) {
+std::size_t FillPolygon(const gpc_polygon& polygon, std::vector<Point>& pts,
+                        detail::PolygonLine line) {
     const std::size_t total = WritePolygon(polygon, static_cast<Point*>(nullptr));
-    Reserve(pts, total, line);
+    detail::Reserve(pts, total, line);
     pts.resize(total);
     return WritePolygon(polygon, pts.data());
 }
@@ -136,12 +120,12 @@ std::size_t GpcPolygon::GetPolyPolygon(tagPOINT* pts, unsigned int* counts, bool
 
 std::size_t GpcPolygon::GetPolyPolygon(std::vector<Vec2d>& pts, std::vector<unsigned int>& counts,
                                        bool close) const {
-    return FillPolyPolygon(*this, pts, counts, close, LINE_RESIZE_POLYPOLYGON);
+    return FillPolyPolygon(*this, pts, counts, close, detail::LINE_RESIZE_POLYPOLYGON);
 }
 
 std::size_t GpcPolygon::GetPolyPolygon(std::vector<tagPOINT>& pts,
                                        std::vector<unsigned int>& counts, bool close) const {
-    return FillPolyPolygon(*this, pts, counts, close, LINE_RESIZE_INTEGER_POLYPOLYGON);
+    return FillPolyPolygon(*this, pts, counts, close, detail::LINE_RESIZE_INTEGER_POLYPOLYGON);
 }
 
 std::size_t GpcPolygon::GetPolygon(Vec2d* pts) const {
@@ -153,11 +137,11 @@ std::size_t GpcPolygon::GetPolygon(tagPOINT* pts) const {
 }
 
 std::size_t GpcPolygon::GetPolygon(std::vector<Vec2d>& pts) const {
-    return FillPolygon(*this, pts, LINE_RESIZE_POLYGON);
+    return FillPolygon(*this, pts, detail::LINE_RESIZE_POLYGON);
 }
 
 std::size_t GpcPolygon::GetPolygon(std::vector<tagPOINT>& pts) const {
-    return FillPolygon(*this, pts, LINE_RESIZE_INTEGER_POLYGON);
+    return FillPolygon(*this, pts, detail::LINE_RESIZE_INTEGER_POLYGON);
 }
 
 } // namespace geom

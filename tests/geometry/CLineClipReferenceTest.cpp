@@ -2,13 +2,11 @@
 // Polylines against rectangles, compared with the plain walk from segment to segment.
 #include "geometry/CLineClip.h"
 #include "tests/reference/PlainLineRuns.h"
-#include "tests/support/Random.h"
+#include "tests/support/RandomWalks.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstring>
-#include <limits>
 #include <vector>
 
 namespace geom::test {
@@ -17,17 +15,10 @@ namespace {
 constexpr std::uint64_t SEED = 20263;
 constexpr int ROUNDS = 50000;
 
-bool SameNumber(double a, double b) {
-    return std::memcmp(&a, &b, sizeof a) == 0 || (a != a && b != b);
-}
-
 bool SameRuns(const LineRuns& a, const LineRuns& b) {
     bool same = a.size() == b.size();
     for (std::size_t i = 0; same && i < a.size(); ++i) {
-        same = a[i].size() == b[i].size();
-        for (std::size_t j = 0; same && j < a[i].size(); ++j) {
-            same = SameNumber(a[i][j].x, b[i][j].x) && SameNumber(a[i][j].y, b[i][j].y);
-        }
+        same = SameBits(a[i], b[i]);
     }
     return same;
 }
@@ -43,39 +34,9 @@ LineRuns RunsOf(const std::vector<Vec2d>& pts, const std::vector<unsigned int>& 
     return runs;
 }
 
-double Coordinate(Random& random) {
-    constexpr double ODD[] = {std::numeric_limits<double>::quiet_NaN(),
-                              std::numeric_limits<double>::infinity(),
-                              -std::numeric_limits<double>::infinity(),
-                              std::numeric_limits<double>::max(),
-                              0x1p-1074,
-                              -0.0};
-    return random.OneIn(200) ? ODD[random.Below(6)] : random.Between(-12, 12) * 0.25;
-}
-
-// Mostly short steps, so that the line stays long inside or beyond one side.
-std::vector<Vec2d> Walk(Random& random) {
-    const int n = random.Between(2, 80);
-    const int stay = random.Between(1, 40);
-    std::vector<Vec2d> line;
-    for (int i = 0; i < n; ++i) {
-        Vec2d next(Coordinate(random), Coordinate(random));
-        if (!line.empty() && !random.OneIn(stay)) {
-            next = line.back() + Vec2d(random.Between(-0.1, 0.1), random.Between(-0.1, 0.1));
-        }
-        line.push_back(next);
-    }
-    return line;
-}
-
 // Clips even to a rectangle whose sides are reversed.
 CLineClip Clipper(Random& random) {
-    const auto side = [&random] { return random.Between(-10, 10) * 0.25; };
-    Box2d box(side(), side(), side(), side());
-    if (!random.OneIn(8)) {
-        box.Normalize();
-    }
-    CLineClip clip(box);
+    CLineClip clip(RandomRectangle(random));
     clip.SetClipEnabled(true);
     return clip;
 }
@@ -87,7 +48,7 @@ TEST(CLineClip, BlocksOfPointsChangeNothing) {
     std::vector<Vec2d> pts;
     std::vector<unsigned int> counts;
     for (int round = 0; round < ROUNDS; ++round) {
-        const std::vector<Vec2d> line = Walk(random);
+        const std::vector<Vec2d> line = RandomWalk(random, 2);
         const CLineClip clip = Clipper(random);
         const LineRuns expected = PlainLineRuns(clip, line);
         clip.ClipPolyline(line.data(), line.size(), pts, counts);

@@ -8,9 +8,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
 #include <limits>
 #include <new>
 #include <random>
+#include <string>
+#include <vector>
 
 namespace geom {
 namespace {
@@ -301,50 +304,104 @@ TEST(ClipPolyPolygonToRect, ClipsEachPart) {
     EXPECT_EQ(Area(ToPolygon(flat)), 16 + 0.5);
 }
 
+// Three contours of more points than a small buffer holds.
+GpcPolygon Combs() {
+    GpcPolygon combs;
+    for (int i = 0; i < 3; ++i) {
+        std::vector<Vec2d> comb;
+        for (int k = 0; k < 40; ++k) {
+            comb.emplace_back(k, k % 2 * 9);
+        }
+        combs.AddContours(GpcPolygon(comb.data(), comb.size()));
+    }
+    return combs;
+}
+
+/// Makes each heap request of a clip fail in turn, and returns what was thrown each time. The
+/// output must stay as it was.
+template <typename Output, typename Clip, typename ExpectBefore>
+std::vector<std::string> FailuresOf(const Output& before, Clip clip, ExpectBefore expectBefore) {
+    std::vector<std::string> failures;
+    for (bool failed = true; failed;) {
+        Output out(before);
+        char text[64] = ""; // no heap while the probe lives
+        {
+            test::AllocationProbe probe(failures.size());
+            try {
+                clip(out);
+            } catch (const Exception& e) {
+                std::snprintf(text, sizeof text, "%s %d", e.File().Narrow().c_str(), e.Line());
+            } catch (const std::bad_alloc&) {
+                std::snprintf(text, sizeof text, "bad_alloc");
+            }
+            failed = text[0] != '\0';
+            EXPECT_EQ(failed, probe.Failed());
+            EXPECT_TRUE(!failed || probe.Balance() == 0) << "request " << failures.size();
+        }
+        if (failed) {
+            expectBefore(out);
+            failures.emplace_back(text);
+        }
+    }
+    return failures;
+}
+
 TEST(ClipGPolygonToRect, ExhaustedHeapChangesNothing) {
     if (!test::AllocationProbe::Works()) {
         GTEST_SKIP() << "the sanitizer owns the heap";
     }
-    GpcPolygon subject;
-    for (int i = 0; i < 3; ++i) {
-        std::vector<Vec2d> comb;
-        for (int k = 0; k < 40; ++k) { // more points than the clipper's small buffer holds
-            comb.emplace_back(k, k % 2 * 9);
-        }
-        subject.AddContours(GpcPolygon(comb.data(), comb.size()));
+    const GpcPolygon subject = Combs();
+    const Box2d box(0, 0, 40, 5);
+    const std::vector<std::string> toPolygon = FailuresOf(
+        PolygonOf(TRIANGLE), [&](GpcPolygon& result) { ClipGPolygonToRect(subject, box, result); },
+        [](const GpcPolygon& result) { EXPECT_EQ(Text(result), TRIANGLE); });
+    ASSERT_GT(toPolygon.size(), 4u);
+    EXPECT_EQ(toPolygon[0], "GpcPolygon 326");
+    EXPECT_EQ(toPolygon[1], "GpcPolygon 326");
+    EXPECT_EQ(toPolygon.back(), "Gpc 200");
+    const std::vector<std::string> toVectors = FailuresOf(
+        Used(), [&](Flat& out) { ClipGPolygonToRect(subject, box, out.pts, out.counts, true); },
+        ExpectUntouched);
+    ASSERT_GT(toVectors.size(), 2u);
+    EXPECT_EQ(toVectors[0], "GpcPolygon 326");
+    EXPECT_EQ(toVectors[1], "GpcPolygon 326");
+    EXPECT_EQ(toVectors.back(), "GpcPolygon 326");
+}
+
+TEST(ClipPolyPolygonToRect, ExhaustedHeapChangesNothing) {
+    if (!test::AllocationProbe::Works()) {
+        GTEST_SKIP() << "the sanitizer owns the heap";
     }
-    std::size_t failures = 0;
-    for (bool failed = true; failed; failures += failed) {
-        GpcPolygon result = PolygonOf(TRIANGLE);
-        Flat out = Used();
-        out.pts.shrink_to_fit();
-        {
-            test::AllocationProbe probe(failures);
-            try {
-                ClipGPolygonToRect(subject, Box2d(0, 0, 40, 5), result);
-                failed = false;
-            } catch (const Exception&) {
-                failed = true;
-            } catch (const std::bad_alloc&) {
-                failed = true;
-            }
-            EXPECT_EQ(failed, probe.Failed());
-            EXPECT_TRUE(!failed || probe.Balance() == 0) << "request " << failures;
-        }
-        EXPECT_EQ(Text(result) == TRIANGLE, failed);
-        {
-            test::AllocationProbe probe(failures);
-            try {
-                ClipGPolygonToRect(subject, Box2d(0, 0, 40, 5), out.pts, out.counts, true);
-            } catch (const Exception&) {
-            } catch (const std::bad_alloc&) {
-            }
-        }
-        if (failed) {
-            ExpectUntouched(out);
-        }
+    Flat combs;
+    Combs().GetPolyPolygon(combs.pts, combs.counts, false);
+    for (const double right : {40.0, 4.0}) { // most of the points stay, or few
+        const std::vector<std::string> failures = FailuresOf(
+            Used(),
+            [&](Flat& out) {
+                ClipPolyPolygonToRect(combs.pts.data(), combs.counts.data(), 3,
+                                      Box2d(0, 0, right, 5), out.pts, out.counts, true);
+            },
+            ExpectUntouched);
+        ASSERT_GT(failures.size(), 2u);
+        EXPECT_EQ(failures[0], "GpcPolygon 878") << "as a polygon's contours";
+        EXPECT_EQ(failures[1], "GpcPolygon 903") << "as their vertices";
+        EXPECT_EQ(failures.back(), "GpcPolygon 326");
     }
-    EXPECT_GT(failures, 6u);
+}
+
+TEST(ClipPolyPolygonToRect, CountsBeyondAPolygonsRangeAreRefused) {
+    const Vec2d p(1, 1);
+    const unsigned int counts[] = {1, 0x80000000u};
+    Flat out = Used();
+    ExpectError([&] { ClipPolyPolygonToRect(&p, counts, 2, Box2d(), out.pts, out.counts, true); },
+                "Geometry", "GpcPolygon", 903);
+    ExpectError(
+        [&] {
+            ClipPolyPolygonToRect(&p, counts, std::size_t{1} << 31, Box2d(), out.pts, out.counts,
+                                  true);
+        },
+        "Geometry", "GpcPolygon", 878);
+    ExpectUntouched(out);
 }
 
 // A star around a random centre: simple, and hole-free.
