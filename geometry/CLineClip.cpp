@@ -7,7 +7,8 @@
 #include "geometry/CLineClip.h"
 
 #include "geometry/Errors.h"
-#include "geometry/detail/LeadingRun.h"
+#include "geometry/detail/LineRuns.h"
+#include "geometry/detail/PointLanes.h"
 #include "geometry/detail/PointsInside.h"
 
 #include <utility>
@@ -24,6 +25,15 @@ void CheckPoints(const Vec2d* pts, std::size_t n) {
     if (pts == nullptr && n != 0) {
         ThrowInternalError(L"CLineClip", LINE_NULL_POINTS);
     }
+}
+
+// Without branches: from point to point the sides can hardly be foretold.
+unsigned int OutcodeOf(const Vec2d& p, const Box2d& rect) {
+    const unsigned int left = p.x < rect.minX ? LEFT : INSIDE;
+    const unsigned int right = p.x > rect.maxX ? RIGHT : INSIDE;
+    const unsigned int bottom = p.y < rect.minY ? BOTTOM : INSIDE;
+    const unsigned int top = p.y > rect.maxY ? TOP : INSIDE;
+    return (left != 0 ? left : right) | (bottom != 0 ? bottom : top);
 }
 
 // Not by outcodes: where the rectangle's sides are reversed a point can lie beyond both
@@ -43,11 +53,57 @@ Vec2d AtHorizontalSide(const Vec2d& p, double y, double dx, double dy) {
     return {p.x + ((y - p.y) * dx) / dy, y};
 }
 
-// Runs stored one after another in the caller's vectors.
+// What CLineClip::ClipLine does when it is enabled.
+bool ClipToRect(const Box2d& rect, Vec2d& p0, Vec2d& p1) {
+    unsigned int c0 = OutcodeOf(p0, rect);
+    unsigned int c1 = OutcodeOf(p1, rect);
+    if (BothBeyondOneSide(p0, p1, rect)) {
+        return false;
+    }
+    if (c0 == INSIDE && c1 == INSIDE) {
+        return true;
+    }
+    // The direction stays that of the whole segment: clipped ends would give a rounded one.
+    const double dx = p1.x - p0.x;
+    const double dy = p1.y - p0.y;
+
+    if ((c0 & (LEFT | RIGHT)) != 0) {
+        p0 = AtVerticalSide(p0, (c0 & LEFT) != 0 ? rect.minX : rect.maxX, dx, dy);
+        c0 = p0.y < rect.minY ? BOTTOM : p0.y > rect.maxY ? TOP : INSIDE;
+        if ((c0 & c1) != 0) {
+            return false;
+        }
+        if (c0 == INSIDE && c1 == INSIDE) {
+            return true;
+        }
+    }
+    if ((c0 & (TOP | BOTTOM)) != 0) {
+        p0 = AtHorizontalSide(p0, (c0 & TOP) != 0 ? rect.maxY : rect.minY, dx, dy);
+        if (p0.x < rect.minX || p0.x > rect.maxX) {
+            return false;
+        }
+        if (c1 == INSIDE) {
+            return true;
+        }
+    }
+    if ((c1 & (LEFT | RIGHT)) != 0) {
+        p1 = AtVerticalSide(p1, (c1 & LEFT) != 0 ? rect.minX : rect.maxX, dx, dy);
+        if (rect.minY <= p1.y && p1.y <= rect.maxY) {
+            return true;
+        }
+        c1 = p1.y < rect.minY ? BOTTOM : TOP;
+    }
+    if ((c1 & (TOP | BOTTOM)) != 0) {
+        p1 = AtHorizontalSide(p1, (c1 & TOP) != 0 ? rect.maxY : rect.minY, dx, dy);
+    }
+    return true;
+}
+
+// Runs appended one after another to the caller's vectors.
 class RunsInVectors {
 public:
     RunsInVectors(std::vector<Vec2d>& pts, std::vector<unsigned int>& counts)
-        : m_pts(pts), m_counts(counts) {}
+        : m_pts(pts), m_counts(counts), m_start(pts.size()) {}
 
     bool IsEmpty() const { return m_pts.size() == m_start; }
     const Vec2d& Last() const { return m_pts.back(); }
@@ -61,7 +117,7 @@ public:
 private:
     std::vector<Vec2d>& m_pts;
     std::vector<unsigned int>& m_counts;
-    std::size_t m_start = 0;
+    std::size_t m_start;
 };
 
 // One run at a time, handed out when it is complete.
@@ -83,36 +139,55 @@ private:
     CPodVector<Vec2d, 32> m_run;
 };
 
-// The points of a line that follow one inside the rectangle and are inside, too. Nothing is cut
-// from the segments between them and each starts where the one before it ended, so the run goes
-// on with the points as they are. What has no order (NaN) equals nothing and would begin a run
-// of its own; it is not counted here.
-std::size_t CountInside(const Box2d& rect, const Vec2d* pts, std::size_t n) {
-    return detail::LeadingRun(pts, n, [r = rect](const Vec2d& p) {
-        return (p.x >= r.minX) & (p.x <= r.maxX) & (p.y >= r.minY) & (p.y <= r.maxY);
-    });
-}
+// Whether points are all strictly beyond one side: a test for RunOf. The sides are those of the
+// coordinate in the given lane.
+template <std::size_t LANE>
+class AllBelow {
+public:
+    explicit AllBelow(double bound) : m_bound{bound, bound} {}
+
+    void Add(detail::Lanes p) { m_all &= p < m_bound; }
+    bool Holds() const { return (LANE == 0 ? m_all : detail::Exchanged(m_all))[0] != 0; }
+
+private:
+    detail::Lanes m_bound;
+    detail::LaneMask m_all{-1, -1};
+};
+
+template <std::size_t LANE>
+class AllAbove {
+public:
+    explicit AllAbove(double bound) : m_bound{bound, bound} {}
+
+    void Add(detail::Lanes p) { m_all &= p > m_bound; }
+    bool Holds() const { return (LANE == 0 ? m_all : detail::Exchanged(m_all))[0] != 0; }
+
+private:
+    detail::Lanes m_bound;
+    detail::LaneMask m_all{-1, -1};
+};
 
 // The points of a line that follow `from` and are beyond the same side of the rectangle. No run
 // is open there, and the segments between them show nothing.
 std::size_t CountBeyond(const Box2d& rect, const Vec2d& from, const Vec2d* pts, std::size_t n) {
+    constexpr std::size_t X = 0, Y = 1;
     std::size_t beyond = 0;
     if (from.x < rect.minX) {
-        beyond = detail::LeadingRun(pts, n, [x = rect.minX](const Vec2d& p) { return p.x < x; });
+        beyond = detail::RunOf(AllBelow<X>(rect.minX), pts, n);
     } else if (from.x > rect.maxX) {
-        beyond = detail::LeadingRun(pts, n, [x = rect.maxX](const Vec2d& p) { return p.x > x; });
+        beyond = detail::RunOf(AllAbove<X>(rect.maxX), pts, n);
     }
     if (beyond == 0 && from.y < rect.minY) {
-        beyond = detail::LeadingRun(pts, n, [y = rect.minY](const Vec2d& p) { return p.y < y; });
+        beyond = detail::RunOf(AllBelow<Y>(rect.minY), pts, n);
     } else if (beyond == 0 && from.y > rect.maxY) {
-        beyond = detail::LeadingRun(pts, n, [y = rect.maxY](const Vec2d& p) { return p.y > y; });
+        beyond = detail::RunOf(AllAbove<Y>(rect.maxY), pts, n);
     }
     return beyond;
 }
 
 template <typename Runs>
-bool ClipSegment(const CLineClip& clip, Vec2d start, Vec2d end, Runs& runs) {
-    const bool visible = clip.ClipLine(start, end);
+void ClipSegment(const Box2d& rect, Vec2d start, Vec2d end, Runs& runs) {
+    const bool visible = ClipToRect(rect, start, end);
     const bool continues = visible && !runs.IsEmpty() && start == runs.Last();
     if (!continues && !runs.IsEmpty()) {
         runs.Close();
@@ -123,22 +198,40 @@ bool ClipSegment(const CLineClip& clip, Vec2d start, Vec2d end, Runs& runs) {
     if (visible) {
         runs.Add(end);
     }
-    return visible;
 }
 
-// A segment that shows ends with its own end where that is inside; so a block of points inside
-// can follow it.
+// From a point inside, those that follow and are inside, too, are added as a block: nothing is cut
+// from the segments between them and each starts where the one before it ended. From a point
+// beyond a side, those that follow beyond it are passed. Single segments are cut in between:
+//
+//     x--x--x-\           three added, two passed, two added
+//              x--x--x
+//     x--x--x-/
+//
+// What has no order (NaN) equals nothing and would begin a run of its own; it does not count as
+// inside here.
 template <typename Runs>
-void ClipSegments(const CLineClip& clip, const Vec2d* pts, std::size_t n, Runs& runs) {
-    const Box2d& rect = clip.GetClipRect();
-    for (std::size_t i = 1; i < n; ++i) {
-        const Vec2d* const rest = pts + i + 1;
-        if (!ClipSegment(clip, pts[i - 1], pts[i], runs)) {
-            i += CountBeyond(rect, pts[i], rest, n - i - 1);
-        } else if (CountInside(rect, pts + i, 1) == 1) {
-            const std::size_t inside = CountInside(rect, rest, n - i - 1);
-            runs.Add(rest, inside);
-            i += inside;
+void ClipSegments(const Box2d& rect, const Vec2d* pts, std::size_t n, Runs& runs) {
+    const detail::AllWithin within(rect);
+    for (std::size_t i = 0; i + 1 < n; ++i) {
+        const std::size_t left = n - i - 1;
+        const std::size_t inside = detail::RunOf(within, pts + i, left + 1);
+        if (inside > 1) {
+            if (runs.IsEmpty()) {
+                runs.Add(pts[i]);
+            }
+            runs.Add(pts + i + 1, inside - 1);
+            i += inside - 1;
+        } else if (const std::size_t beyond =
+                       inside == 0 ? CountBeyond(rect, pts[i], pts + i + 1, left) : 0;
+                   beyond > 0) {
+            if (!runs.IsEmpty()) {
+                runs.Close();
+            }
+            i += beyond;
+        }
+        if (i + 1 < n) {
+            ClipSegment(rect, pts[i], pts[i + 1], runs);
         }
     }
     if (!runs.IsEmpty()) {
@@ -183,66 +276,11 @@ const Box2d& CLineClip::GetClipRect() const {
 }
 
 unsigned int CLineClip::Classify(const Vec2d& p) const {
-    unsigned int code = INSIDE;
-    if (p.x < m_rect.minX) {
-        code |= LEFT;
-    } else if (p.x > m_rect.maxX) {
-        code |= RIGHT;
-    }
-    if (p.y < m_rect.minY) {
-        code |= BOTTOM;
-    } else if (p.y > m_rect.maxY) {
-        code |= TOP;
-    }
-    return code;
+    return OutcodeOf(p, m_rect);
 }
 
 bool CLineClip::ClipLine(Vec2d& p0, Vec2d& p1) const {
-    if (!m_enabled) {
-        return true;
-    }
-    unsigned int c0 = Classify(p0);
-    unsigned int c1 = Classify(p1);
-    if (BothBeyondOneSide(p0, p1, m_rect)) {
-        return false;
-    }
-    if (c0 == INSIDE && c1 == INSIDE) {
-        return true;
-    }
-    // The direction stays that of the whole segment: clipped ends would give a rounded one.
-    const double dx = p1.x - p0.x;
-    const double dy = p1.y - p0.y;
-
-    if ((c0 & (LEFT | RIGHT)) != 0) {
-        p0 = AtVerticalSide(p0, (c0 & LEFT) != 0 ? m_rect.minX : m_rect.maxX, dx, dy);
-        c0 = p0.y < m_rect.minY ? BOTTOM : p0.y > m_rect.maxY ? TOP : INSIDE;
-        if ((c0 & c1) != 0) {
-            return false;
-        }
-        if (c0 == INSIDE && c1 == INSIDE) {
-            return true;
-        }
-    }
-    if ((c0 & (TOP | BOTTOM)) != 0) {
-        p0 = AtHorizontalSide(p0, (c0 & TOP) != 0 ? m_rect.maxY : m_rect.minY, dx, dy);
-        if (p0.x < m_rect.minX || p0.x > m_rect.maxX) {
-            return false;
-        }
-        if (c1 == INSIDE) {
-            return true;
-        }
-    }
-    if ((c1 & (LEFT | RIGHT)) != 0) {
-        p1 = AtVerticalSide(p1, (c1 & LEFT) != 0 ? m_rect.minX : m_rect.maxX, dx, dy);
-        if (m_rect.minY <= p1.y && p1.y <= m_rect.maxY) {
-            return true;
-        }
-        c1 = p1.y < m_rect.minY ? BOTTOM : TOP;
-    }
-    if ((c1 & (TOP | BOTTOM)) != 0) {
-        p1 = AtHorizontalSide(p1, (c1 & TOP) != 0 ? m_rect.maxY : m_rect.minY, dx, dy);
-    }
-    return true;
+    return !m_enabled || ClipToRect(m_rect, p0, p1);
 }
 
 void CLineClip::ClipPolyline(const Vec2d* pts, std::size_t n, std::vector<Vec2d>& outPts,
@@ -255,20 +293,7 @@ void CLineClip::ClipPolyline(const Vec2d* pts, std::size_t n, std::vector<Vec2d>
     }
     outPts.clear();
     outCounts.clear();
-    if (!m_enabled) {
-        outPts.assign(pts, pts + n);
-        outCounts.push_back(static_cast<unsigned int>(n));
-        return;
-    }
-    if (n == 1) {
-        if (m_rect.Contains(*pts)) {
-            outPts.push_back(*pts);
-            outCounts.push_back(1);
-        }
-        return;
-    }
-    RunsInVectors runs(outPts, outCounts);
-    ClipSegments(*this, pts, n, runs);
+    detail::AppendRuns(*this, pts, n, outPts, outCounts);
 }
 
 void CLineClip::ClipPolyline(const Vec2d* pts, std::size_t n, Sink sink) const {
@@ -284,7 +309,18 @@ void CLineClip::ClipPolyline(const Vec2d* pts, std::size_t n, Sink sink) const {
         return;
     }
     RunsToSink runs(std::move(sink));
-    ClipSegments(*this, pts, n, runs);
+    ClipSegments(m_rect, pts, n, runs);
+}
+
+void detail::AppendRuns(const CLineClip& clip, const Vec2d* pts, std::size_t n,
+                        std::vector<Vec2d>& outPts, std::vector<unsigned int>& outCounts) {
+    if (clip.IsClipEnabled() && n != 1) {
+        RunsInVectors runs(outPts, outCounts);
+        ClipSegments(clip.GetClipRect(), pts, n, runs);
+    } else if (!clip.IsClipEnabled() || clip.GetClipRect().Contains(*pts)) {
+        outPts.insert(outPts.end(), pts, pts + n);
+        outCounts.push_back(static_cast<unsigned int>(n));
+    }
 }
 
 } // namespace geom

@@ -7,8 +7,10 @@
 #include "geometry/Errors.h"
 #include "geometry/GpcPolygon.h"
 #include "geometry/LineClipPolygon.h"
+#include "geometry/detail/LineRuns.h"
 #include "geometry/detail/Overlap.h"
 
+#include <algorithm>
 #include <numeric>
 #include <optional>
 
@@ -47,8 +49,8 @@ public:
     FlatLines(const Vec2d* pts, const unsigned int* counts, std::size_t numLines,
               const std::vector<Vec2d>& outPts, const std::vector<unsigned int>& outCounts)
         : m_counts(counts, numLines, outCounts),
-          m_points(pts, std::accumulate(counts, counts + numLines, std::size_t{0}), outPts),
-          m_numLines(numLines) {}
+          m_numPoints(std::accumulate(counts, counts + numLines, std::size_t{0})),
+          m_points(pts, m_numPoints, outPts), m_numLines(numLines) {}
 
     /// Calls `visit(points, count)` for each polyline in order.
     template <typename Visit>
@@ -61,11 +63,32 @@ public:
         }
     }
 
+    /// About how many points lie in a box, judged by some hundred of them.
+    std::size_t EstimateWithin(const Box2d& box) const {
+        constexpr std::size_t SAMPLES = 512;
+        const std::size_t stride = m_numPoints / SAMPLES + 1;
+        std::size_t within = 0;
+        for (std::size_t i = 0; i < m_numPoints; i += stride) {
+            within += box.Contains(m_points.Data()[i]) ? stride : 0;
+        }
+        return std::min(within, m_numPoints);
+    }
+
 private:
     detail::StableInput<unsigned int> m_counts;
+    std::size_t m_numPoints;
     detail::StableInput<Vec2d> m_points;
     std::size_t m_numLines;
 };
+
+/// Makes room for so many elements more, and not less than appending them one by one would make.
+template <typename Element>
+void ReserveMore(std::vector<Element>& elements, std::size_t more) {
+    const std::size_t needed = elements.size() + more;
+    if (needed > elements.capacity()) {
+        elements.reserve(std::max(needed, 2 * elements.capacity()));
+    }
+}
 
 // Unlike a clipper made from the box, this one also clips to a box that is a line or a point.
 CLineClip ClipperOn(const Box2d& rect) {
@@ -77,15 +100,17 @@ CLineClip ClipperOn(const Box2d& rect) {
     return clipper;
 }
 
-void AppendRuns(const Vec2d* pts, std::size_t numPts, const unsigned int* counts,
-                std::size_t numRuns, std::vector<Vec2d>& outPts,
-                std::vector<unsigned int>& outCounts) {
-    const std::size_t before = outPts.size();
-    outPts.insert(outPts.end(), pts, pts + numPts);
+/// Appends to both outputs, or to none when memory runs out.
+template <typename Append>
+void WholeOrNothing(std::vector<Vec2d>& outPts, std::vector<unsigned int>& outCounts,
+                    Append append) {
+    const std::size_t points = outPts.size();
+    const std::size_t runs = outCounts.size();
     try {
-        outCounts.insert(outCounts.end(), counts, counts + numRuns);
+        append();
     } catch (...) {
-        outPts.resize(before);
+        outPts.resize(points);
+        outCounts.resize(runs);
         throw;
     }
 }
@@ -112,8 +137,10 @@ public:
         if (!m_toRect) {
             m_toPolygon->Clip(ends, 2, outPts, outCounts);
         } else if (m_toRect->ClipLine(ends[0], ends[1])) {
-            constexpr unsigned int COUNT = 2;
-            AppendRuns(ends, COUNT, &COUNT, 1, outPts, outCounts);
+            WholeOrNothing(outPts, outCounts, [&] {
+                outPts.insert(outPts.end(), ends, ends + 2);
+                outCounts.push_back(2);
+            });
         }
     }
 
@@ -129,13 +156,13 @@ void ClipPolylinesToRect(const Vec2d* pts, const unsigned int* counts, std::size
                          std::vector<unsigned int>& outCounts) {
     Check(pts, counts, numLines, RECTANGLE_INPUT);
     const CLineClip clipper = ClipperOn(rect);
-    std::vector<Vec2d> runPts;
-    std::vector<unsigned int> runCounts;
     const FlatLines lines(pts, counts, numLines, outPts, outCounts);
+    // With some more for the points where lines enter and leave.
+    const std::size_t within = lines.EstimateWithin(clipper.GetClipRect());
+    ReserveMore(outPts, within + within / 8);
     lines.ForEach([&](const Vec2d* line, unsigned int n) {
-        clipper.ClipPolyline(line, n, runPts, runCounts);
-        AppendRuns(runPts.data(), runPts.size(), runCounts.data(), runCounts.size(), outPts,
-                   outCounts);
+        WholeOrNothing(outPts, outCounts,
+                       [&] { detail::AppendRuns(clipper, line, n, outPts, outCounts); });
     });
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "geometry/Foundation.h"
+
 #include <cstddef>
 #include <cstring>
 #include <type_traits>
@@ -66,6 +68,20 @@ Lanes LanesOf(const Point& p) {
     std::memcpy(&lanes, &p, sizeof lanes);
     return lanes;
 }
+
+/// Whether points all lie in a closed box: a test for RunOf.
+class AllWithin {
+public:
+    explicit AllWithin(const Box2d& box)
+        : m_lower{box.minX, box.minY}, m_upper{box.maxX, box.maxY} {}
+
+    void Add(Lanes p) { m_all &= (p >= m_lower) & (p <= m_upper); }
+    bool Holds() const { return (m_all & Exchanged(m_all))[0] != 0; }
+
+private:
+    Lanes m_lower, m_upper;
+    LaneMask m_all{-1, -1};
+};
 
 /// How many points at the start of an array pass a test together.
 ///

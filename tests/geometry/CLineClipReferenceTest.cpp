@@ -63,5 +63,29 @@ TEST(CLineClip, BlocksOfPointsChangeNothing) {
     EXPECT_GT(cut, ROUNDS / 10);
 }
 
+// A run of each length at each place, before and behind a point elsewhere.
+TEST(CLineClip, RunsEndAnywhereInABlock) {
+    const Vec2d places[] = {{5, 1},           {1, -1},  {-1, 1}, {1, 5},
+                            {2, 2},           {4, 4},   {0, 0},  {5, 5},
+                            {5, -1},          {-1, -1}, {-1, 5}, {NOT_A_NUMBER, 1},
+                            {1, NOT_A_NUMBER}};
+    std::vector<Vec2d> pts;
+    std::vector<unsigned int> counts;
+    const CLineClip clip(Box2d(-0.0, 0, 4, 4));
+    for (const Vec2d& stay : places) {
+        for (const Vec2d& elsewhere : places) {
+            for (std::size_t before = 0; before <= 20; ++before) {
+                std::vector<Vec2d> line(before, stay);
+                line.push_back(elsewhere);
+                line.insert(line.end(), 40 - before, stay);
+                clip.ClipPolyline(line.data(), line.size(), pts, counts);
+                ASSERT_TRUE(SameRuns(RunsOf(pts, counts), PlainLineRuns(clip, line)))
+                    << before << " points at " << stay.x << ' ' << stay.y << ", then "
+                    << elsewhere.x << ' ' << elsewhere.y;
+            }
+        }
+    }
+}
+
 } // namespace
 } // namespace geom::test

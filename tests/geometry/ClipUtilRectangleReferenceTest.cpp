@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Polygons against rectangles, in every form, compared with the plain clip of one contour after
-// the other.
+// Polygons and polylines against rectangles, in every form, compared with the plain clip of one
+// contour, or one segment, after the other.
 #include "geometry/ClipUtil.h"
+#include "tests/reference/PlainLineRuns.h"
 #include "tests/reference/PlainRectangleClip.h"
 #include "tests/support/RandomWalks.h"
 
@@ -103,6 +104,42 @@ TEST(ClipPolyPolygonToRect, InputMayLieAnywhereInTheOutput) {
                               out.counts, true);
         ASSERT_TRUE(Same(out, expected)) << "round " << round;
     }
+}
+
+TEST(ClipPolylinesToRect, AppendsWhatThePlainClipGives) {
+    SCOPED_TRACE(SEED);
+    Random random(SEED);
+    int appended = 0;
+    for (int round = 0; round < ROUNDS; ++round) {
+        Flat lines, out;
+        for (int i = random.Between(1, 5); i > 0; --i) {
+            const std::vector<Vec2d> line = RandomWalk(random, 2);
+            lines.pts.insert(lines.pts.end(), line.begin(), line.end());
+            lines.counts.push_back(static_cast<unsigned int>(line.size()));
+        }
+        Box2d box = RandomRectangle(random);
+        const bool inPlace = random.OneIn(4);
+        out = inPlace ? lines : Flat{{{7, 7}, {8, 8}}, {2}};
+        Flat expected = out;
+        const Flat& input = inPlace ? out : lines;
+        ClipPolylinesToRect(input.pts.data(), input.counts.data(), lines.counts.size(), box,
+                            out.pts, out.counts);
+
+        box.Normalize();
+        CLineClip clip(box);
+        clip.SetClipEnabled(true);
+        auto next = lines.pts.begin();
+        for (const unsigned int n : lines.counts) {
+            for (const std::vector<Vec2d>& run : PlainLineRuns(clip, {next, next + n})) {
+                expected.pts.insert(expected.pts.end(), run.begin(), run.end());
+                expected.counts.push_back(static_cast<unsigned int>(run.size()));
+                ++appended;
+            }
+            next += n;
+        }
+        ASSERT_TRUE(Same(out, expected)) << "round " << round;
+    }
+    EXPECT_GT(appended, ROUNDS);
 }
 
 } // namespace
