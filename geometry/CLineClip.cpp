@@ -139,48 +139,44 @@ private:
     CPodVector<Vec2d, 32> m_run;
 };
 
-// Whether points are all strictly beyond one side: a test for RunOf. The sides are those of the
-// coordinate in the given lane.
-template <std::size_t LANE>
-class AllBelow {
-public:
-    explicit AllBelow(double bound) : m_bound{bound, bound} {}
+enum class Side { LEFT, RIGHT, BOTTOM, TOP };
 
-    void Add(detail::Lanes p) { m_all &= p < m_bound; }
-    bool Holds() const { return (LANE == 0 ? m_all : detail::Exchanged(m_all))[0] != 0; }
+// Whether points are all strictly beyond one side, given by its coordinate: a test for RunOf.
+template <Side SIDE>
+class AllBeyond {
+public:
+    explicit AllBeyond(double side) : m_side{side, side} {}
+
+    void Add(detail::Lanes p) {
+        if constexpr (SIDE == Side::LEFT || SIDE == Side::BOTTOM) {
+            m_all &= p < m_side;
+        } else {
+            m_all &= p > m_side;
+        }
+    }
+    bool Holds() const {
+        constexpr bool IS_X = SIDE == Side::LEFT || SIDE == Side::RIGHT;
+        return (IS_X ? m_all : detail::Exchanged(m_all))[0] != 0;
+    }
 
 private:
-    detail::Lanes m_bound;
-    detail::LaneMask m_all{-1, -1};
-};
-
-template <std::size_t LANE>
-class AllAbove {
-public:
-    explicit AllAbove(double bound) : m_bound{bound, bound} {}
-
-    void Add(detail::Lanes p) { m_all &= p > m_bound; }
-    bool Holds() const { return (LANE == 0 ? m_all : detail::Exchanged(m_all))[0] != 0; }
-
-private:
-    detail::Lanes m_bound;
+    detail::Lanes m_side;
     detail::LaneMask m_all{-1, -1};
 };
 
 // The points of a line that follow `from` and are beyond the same side of the rectangle. No run
 // is open there, and the segments between them show nothing.
 std::size_t CountBeyond(const Box2d& rect, const Vec2d& from, const Vec2d* pts, std::size_t n) {
-    constexpr std::size_t X = 0, Y = 1;
     std::size_t beyond = 0;
     if (from.x < rect.minX) {
-        beyond = detail::RunOf(AllBelow<X>(rect.minX), pts, n);
+        beyond = detail::RunOf(AllBeyond<Side::LEFT>(rect.minX), pts, n);
     } else if (from.x > rect.maxX) {
-        beyond = detail::RunOf(AllAbove<X>(rect.maxX), pts, n);
+        beyond = detail::RunOf(AllBeyond<Side::RIGHT>(rect.maxX), pts, n);
     }
     if (beyond == 0 && from.y < rect.minY) {
-        beyond = detail::RunOf(AllBelow<Y>(rect.minY), pts, n);
+        beyond = detail::RunOf(AllBeyond<Side::BOTTOM>(rect.minY), pts, n);
     } else if (beyond == 0 && from.y > rect.maxY) {
-        beyond = detail::RunOf(AllAbove<Y>(rect.maxY), pts, n);
+        beyond = detail::RunOf(AllBeyond<Side::TOP>(rect.maxY), pts, n);
     }
     return beyond;
 }
@@ -204,9 +200,9 @@ void ClipSegment(const Box2d& rect, Vec2d start, Vec2d end, Runs& runs) {
 // from the segments between them and each starts where the one before it ended. From a point
 // beyond a side, those that follow beyond it are passed. Single segments are cut in between:
 //
-//     x--x--x-\           three added, two passed, two added
-//              x--x--x
-//     x--x--x-/
+//     inside    x--x--x         x--x--x     added as blocks
+//     --------------- | ------- | ------    two segments cut
+//     beyond          x--x--x--x            passed
 //
 // What has no order (NaN) equals nothing and would begin a run of its own; it does not count as
 // inside here.

@@ -270,10 +270,17 @@ void GpcPolygon::CalcBBox() {
     }
 }
 
+// Box2d::ExtendBy for every vertex, without a call or a branch for each.
 void GpcPolygon::ExtendBBox(const gpc_vertex_list& ring) {
+    Box2d box = bbox;
     for (int i = 0; i < ring.num_vertices; ++i) {
-        bbox.ExtendBy({ring.vertex[i].x, ring.vertex[i].y});
+        const gpc_vertex& v = ring.vertex[i];
+        box.minX = v.x < box.minX ? v.x : box.minX;
+        box.minY = v.y < box.minY ? v.y : box.minY;
+        box.maxX = v.x > box.maxX ? v.x : box.maxX;
+        box.maxY = v.y > box.maxY ? v.y : box.maxY;
     }
+    bbox = box;
 }
 
 void GpcPolygon::FreeAll() {
