@@ -15,7 +15,7 @@ namespace geom::test {
 namespace {
 
 constexpr std::uint64_t SEED = 20264;
-constexpr int ROUNDS = 20000;
+constexpr int ROUNDS = 8000;
 
 struct Flat {
     std::vector<Vec2d> pts;
