@@ -112,57 +112,67 @@ double WithinView(double x) {
     return std::min(std::max(x, -0.5), 3.5);
 }
 
-// Whether all of a box lies further than `limit` from the line through p with direction d, on
-// one side of it. `limit` is as a cross product with d.
-bool IsBeside(const Vec2d& p, const Vec2d& d, double limit, const Box2d& box) {
-    const double lowX = box.minX - p.x;
-    const double highX = box.maxX - p.x;
-    const double lowY = box.minY - p.y;
-    const double highY = box.maxY - p.y;
-    const double least = (d.y < 0.0 ? highX : lowX) * d.y - (d.x < 0.0 ? lowY : highY) * d.x;
-    const double most = (d.y < 0.0 ? lowX : highX) * d.y - (d.x < 0.0 ? highY : lowY) * d.x;
-    return least > limit || most < -limit;
-}
-
 } // namespace
 
-// A bit for each child whose box meets this one. Simple conditions without jumps become a few
-// vector instructions.
+// A bit for each child whose box meets this one.
 std::uint32_t EdgeIndex::Reach::operator()(const EdgeTree::Node& node) const {
-    constexpr std::uint32_t BITS[] = {0x1,   0x2,   0x4,   0x8,   0x10,   0x20,   0x40,   0x80,
-                                      0x100, 0x200, 0x400, 0x800, 0x1000, 0x2000, 0x4000, 0x8000};
-    std::uint32_t bits = 0;
-    for (std::size_t k = 0; k < EdgeTree::WIDTH; ++k) {
-        const bool meets = (node.lowX[k] <= highX) & (node.highX[k] >= lowX) &
-                           (node.lowY[k] <= highY) & (node.highY[k] >= lowY);
-        bits |= meets ? BITS[k] : 0U;
-    }
-    return bits;
+    return EdgeTree::BitsOf([this, &node](std::size_t k) {
+        return (node.lowX[k] <= highX) & (node.highX[k] >= lowX) & (node.lowY[k] <= highY) &
+               (node.highY[k] >= lowY);
+    });
 }
+
+// All places within a distance of the line through a slanted segment. The distance is widened
+// by what single precision can be off.
+struct EdgeIndex::Strip {
+    Strip(const Vec2d& p, const Vec2d& d, double near) {
+        const double size = std::fabs(d.x) + std::fabs(d.y);
+        const Vec2d unit(d.x / size, d.y / size);
+        const double offset = p.x * unit.y - p.y * unit.x;
+        dx = static_cast<float>(unit.x);
+        dy = static_cast<float>(unit.y);
+        low = static_cast<float>(WithinOffsets(offset - near) - SINGLE_ERROR);
+        high = static_cast<float>(WithinOffsets(offset + near) + SINGLE_ERROR);
+    }
+
+    // A bit for each child whose box is not all on one side. What it says of missing children
+    // means nothing.
+    std::uint32_t operator()(const EdgeTree::Node& node) const {
+        const float* const leastX = dy < 0.0F ? node.highX : node.lowX;
+        const float* const mostX = dy < 0.0F ? node.lowX : node.highX;
+        const float* const leastY = dx < 0.0F ? node.lowY : node.highY;
+        const float* const mostY = dx < 0.0F ? node.highY : node.lowY;
+        return EdgeTree::BitsOf([&](std::size_t k) {
+            return (leastX[k] * dy - leastY[k] * dx <= high) &
+                   (mostX[k] * dy - mostY[k] * dx >= low);
+        });
+    }
+
+    // Those of places on the ring are smaller.
+    static double WithinOffsets(double x) { return std::min(std::max(x, -16.0), 16.0); }
+    static constexpr double SINGLE_ERROR = 0x1p-19;
+
+    float dx, dy;    ///< |dx| + |dy| is 1
+    float low, high; ///< bounds of cross products with them
+};
 
 // A segment relative to the ring, and how far from it an edge that its tests accept can lie.
 struct EdgeIndex::Query {
     Query(const EdgeIndex& index, const Vec2d& start, const Vec2d& end)
         : p(index.m_frame.ToRing(start)), d((end - start) * index.m_frame.Scale()),
           isSlanted(d.x != 0.0 && d.y != 0.0), reach(index.ReachOf(start, end)),
-          limit(reach.near * (std::fabs(d.x) + std::fabs(d.y))) {}
+          strip(p, isSlanted ? d : Vec2d(1.0, 0.0), reach.near) {}
 
     std::uint32_t operator()(const EdgeTree::Node& node) const {
-        std::uint32_t hits = reach(node);
-        for (std::size_t k = 0; isSlanted && (hits >> k) != 0; ++k) {
-            if ((hits >> k & 1U) != 0 &&
-                IsBeside(p, d, limit, {node.lowX[k], node.lowY[k], node.highX[k], node.highY[k]})) {
-                hits &= ~(1U << k);
-            }
-        }
-        return hits;
+        const std::uint32_t hits = reach(node);
+        return isSlanted && hits != 0 ? hits & strip(node) : hits;
     }
 
     Vec2d p;
     Vec2d d;
     bool isSlanted;
     Reach reach;
-    double limit;
+    Strip strip;
 };
 
 // The same for single edges, in the coordinates of the ring as it was given.

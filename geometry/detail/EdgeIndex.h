@@ -83,6 +83,7 @@ private:
         double near;
     };
 
+    struct Strip;
     struct Query;
     struct Gate;
 

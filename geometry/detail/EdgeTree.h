@@ -51,6 +51,20 @@ public:
         }
     };
 
+    /// A bit for each child for which `holds(child)`; simple conditions without jumps become a
+    /// few vector instructions.
+    template <typename Holds>
+    static std::uint32_t BitsOf(const Holds& holds) {
+        constexpr std::uint32_t BITS[] = {0x1,    0x2,    0x4,    0x8,   0x10,  0x20,
+                                          0x40,   0x80,   0x100,  0x200, 0x400, 0x800,
+                                          0x1000, 0x2000, 0x4000, 0x8000};
+        std::uint32_t bits = 0;
+        for (std::size_t k = 0; k < WIDTH; ++k) {
+            bits |= holds(k) ? BITS[k] : 0U;
+        }
+        return bits;
+    }
+
     EdgeTree() = default;
     explicit EdgeTree(std::vector<Entry> entries);
 
