@@ -160,6 +160,11 @@ TEST(GeoJsonFormat, WritesExternalRingsCounterClockwiseAndHolesClockwise) {
               "[[1,1],[1,2],[2,1],[1,1]]]}\n");
 }
 
+TEST(GeoJsonFormat, RingWithoutAreaKeepsItsDirection) {
+    EXPECT_EQ(WriteGeoJson({{External({{0, 0}, {0, 4}, {0, 4}, {0, 2}})}}),
+              "{\"type\":\"Polygon\",\"coordinates\":\n[[[0,0],[0,4],[0,4],[0,2],[0,0]]]}\n");
+}
+
 TEST(GeoJsonFormat, ReadsBackWhatItWrites) {
     std::vector<geom::Vec2d> clockwise = Square(0, 0, 1e-17);
     std::swap(clockwise[1], clockwise[3]);

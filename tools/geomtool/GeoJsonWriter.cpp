@@ -17,10 +17,11 @@ void AppendPosition(std::string& out, const geom::Vec2d& p) {
     out += ']';
 }
 
-/// A reversed ring keeps its first point.
+/// A reversed ring keeps its first point. One without area has no direction and is left alone.
 void AppendRing(std::string& out, const Ring& ring, bool counterClockwise) {
     const std::vector<geom::Vec2d>& points = ring.points;
-    const bool reversed = (SignedArea(points) > 0) != counterClockwise;
+    const double area = SignedArea(points);
+    const bool reversed = counterClockwise ? area < 0 : area > 0;
     out += '[';
     for (std::size_t i = 0; i < points.size(); ++i) {
         AppendPosition(out, points[reversed && i > 0 ? points.size() - i : i]);
