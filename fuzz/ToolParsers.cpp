@@ -37,6 +37,13 @@ using namespace geomtool;
 
 constexpr const char* NAME = "input";
 
+/// A message as the tool prints it: of a readable length, without control characters.
+void CheckLine(const std::string& line) {
+    FUZZ_CHECK(line.size() < 410);
+    FUZZ_CHECK(std::none_of(line.begin(), line.end(),
+                            [](char c) { return (c >= 0 && c < 0x20) || c == 0x7F; }));
+}
+
 /// The result of a reader; nothing where it throws an error, which must be a clear one.
 template <typename Error, typename Read>
 auto ReadOrFail(Read read) -> std::optional<decltype(read())> {
@@ -47,7 +54,7 @@ auto ReadOrFail(Read read) -> std::optional<decltype(read())> {
         const std::size_t colon = message.find(": ");
         FUZZ_CHECK(message.rfind(NAME, 0) == 0);
         FUZZ_CHECK(colon != std::string::npos && colon + 2 < message.size());
-        FUZZ_CHECK(!OneLine(message).empty() && OneLine(message).size() <= 403);
+        CheckLine(OneLine(message));
         return std::nullopt;
     }
 }
@@ -108,6 +115,13 @@ void CheckPolygons(const PolygonFormat& format, std::string_view bytes, bool hol
     FUZZ_CHECK(IsSame(ReadByLibrary(written, format, holeFlags), *shapes));
 }
 
+bool IsSame(const Figure& a, const Figure& b) {
+    return IsSame(a.polygons, b.polygons) &&
+           std::equal(a.lines.lines.begin(), a.lines.lines.end(), b.lines.lines.begin(),
+                      b.lines.lines.end(),
+                      [](const Line& p, const Line& q) { return SameBits(p, q); });
+}
+
 /// The readers and writers of a format that holds lines, too.
 struct FigureFormat {
     Figure (*read)(const std::string& file, std::string_view text);
@@ -131,9 +145,9 @@ void CheckFigures(const FigureFormat& format, std::string_view text) {
     for (const Line& line : figure->lines.lines) {
         FUZZ_CHECK(!line.empty() && IsFinite(line));
     }
-    const std::string written = format.write(*figure);
-    const Figure again = format.read(NAME, written);
-    FUZZ_CHECK(format.write(again) == written);
+    const Figure again = format.read(NAME, format.write(*figure));
+    // What has no place in a format, such as lines of one point, is gone after the first time.
+    FUZZ_CHECK(IsSame(format.read(NAME, format.write(again)), again));
     FUZZ_CHECK(again.polygons.VertexCount() <= figure->polygons.VertexCount());
     FUZZ_CHECK(again.lines.VertexCount() <= figure->lines.VertexCount());
 }
@@ -148,7 +162,8 @@ void CheckNumber(const std::string& text) {
     }
     const std::string taken = text.substr(0, text.size() - rest.size());
     FUZZ_CHECK(std::isfinite(value));
-    FUZZ_CHECK(SameBits(std::strtod(taken.c_str(), nullptr), value));
+    // What is too small becomes 0, whatever its sign is.
+    FUZZ_CHECK(std::strtod(taken.c_str(), nullptr) == value);
     std::string written;
     AppendNumber(written, value);
     FUZZ_CHECK(SameBits(std::strtod(written.c_str(), nullptr), value));
