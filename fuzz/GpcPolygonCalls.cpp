@@ -27,8 +27,9 @@ constexpr int MOST_CALLS = 24;
 constexpr int MOST_RINGS = 3;
 constexpr int MOST_POINTS = 8;
 
-/// The plain sweep takes its time.
-constexpr int MOST_VERTICES = 40;
+/// The plain sweep takes its time, and contours without vertices can be doubled, too.
+constexpr std::size_t MOST_VERTICES = 40;
+constexpr std::size_t MOST_CONTOURS = 40;
 
 /// A file that goes with the process.
 class ScratchFile {
@@ -57,7 +58,9 @@ struct Subject {
     GpcPolygon polygon;
     PolygonModel model;
 
-    bool IsSmall() const { return model.VertexCount() <= MOST_VERTICES; }
+    bool IsSmall() const {
+        return model.VertexCount() <= MOST_VERTICES && model.Contours().size() <= MOST_CONTOURS;
+    }
 };
 
 /// Flat points and their counts.

@@ -59,12 +59,12 @@ void ForEachPoint(std::vector<ModelContour>& contours, Change change) {
 
 } // namespace
 
-int PolygonModel::VertexCount() const {
+std::size_t PolygonModel::VertexCount() const {
     std::size_t count = 0;
     for (const ModelContour& contour : m_contours) {
         count += contour.points.size();
     }
-    return static_cast<int>(count);
+    return count;
 }
 
 Box2d PolygonModel::Box() const {
@@ -164,7 +164,7 @@ bool PolygonModel::Describes(const GpcPolygon& polygon) const {
 
 bool PolygonModel::HasContoursOf(const GpcPolygon& polygon) const {
     if (polygon.GetNumContours() != m_contours.size() ||
-        polygon.GetTotalVertexCount() != static_cast<std::size_t>(VertexCount())) {
+        polygon.GetTotalVertexCount() != VertexCount()) {
         return false;
     }
     for (std::size_t i = 0; i < m_contours.size(); ++i) {

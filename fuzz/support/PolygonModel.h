@@ -26,7 +26,7 @@ public:
     explicit PolygonModel(const Points& ring) { AddRing(ring); }
 
     const std::vector<ModelContour>& Contours() const { return m_contours; }
-    int VertexCount() const;
+    std::size_t VertexCount() const;
     Box2d Box() const;
     /// Even-odd; false for nothing.
     bool Contains(const Vec2d& p) const;
