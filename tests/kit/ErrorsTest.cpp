@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
 #include <type_traits>
 
@@ -127,6 +128,9 @@ TEST(ThrowKitError, Numbers) {
     EXPECT_EQ(Message(L"%.2f %g %e", 1.005, 0.5, 1.0), "1.00 0.5 1.000000e+00");
     EXPECT_EQ(Message(L"%Lg", 0.25L), "0.25");
     EXPECT_EQ(Message(L"%.0f", 1e300).size(), 301U);
+    char address[32];
+    std::snprintf(address, sizeof address, "%p", static_cast<void*>(address));
+    EXPECT_EQ(Message(L"%p", static_cast<void*>(address)), address);
 }
 
 TEST(ThrowKitError, ArgumentsBehindTextsStayInStep) {

@@ -501,6 +501,9 @@ TEST_P(PolygonFiles, FullDeviceIsReportedWhereTheStreamReportsIt) {
     const Record large({ring});
     const Stream buffered(std::fopen("/dev/full", "wb"));
     EXPECT_FALSE(format.write(buffered.get(), 0, &large));
+    const Record manyEmpty(std::vector<Contour>(10000, Contour{0, {}}));
+    const Stream counts(std::fopen("/dev/full", "wb"));
+    EXPECT_FALSE(format.write(counts.get(), 0, &manyEmpty));
     // What fits into the buffer fails when it is flushed.
     const Stream fresh(std::fopen("/dev/full", "wb"));
     EXPECT_TRUE(format.write(fresh.get(), 0, &small));
