@@ -61,7 +61,7 @@ std::string HelpFormatter::make_usage(const CLI::App* app, std::string name) con
 }
 
 std::string HelpFormatter::make_option(const CLI::Option* option, bool isPositional) const {
-    const std::string text = option->get_option_text();
+    const std::string& text = option->get_option_text();
     if (isPositional) {
         return Entry(text, option->get_description());
     }
