@@ -24,6 +24,7 @@
 #if defined(__GLIBC__)
 #include <cstring>
 #include <link.h>
+#include <malloc.h>
 #endif
 
 namespace geom::test {
@@ -36,6 +37,8 @@ struct State {
     std::size_t failAt = AllocationProbe::NEVER;
     std::ptrdiff_t balance = 0;
     AllocationProbe::Caller caller = AllocationProbe::Caller::Anyone;
+    std::ptrdiff_t bytes = 0;
+    std::ptrdiff_t peak = 0;
 };
 
 thread_local State state;
@@ -76,7 +79,7 @@ const CodeRange tessellatorCode = TessellatorCode();
 } // namespace
 
 AllocationProbe::AllocationProbe(std::size_t failAt, Caller caller) {
-    state = {true, 0, failAt, 0, caller};
+    state = {true, 0, failAt, 0, caller, 0, 0};
 }
 
 AllocationProbe::~AllocationProbe() {
@@ -94,6 +97,10 @@ std::size_t AllocationProbe::Count() const {
 
 std::ptrdiff_t AllocationProbe::Balance() const {
     return state.balance;
+}
+
+std::size_t AllocationProbe::PeakBytes() const {
+    return static_cast<std::size_t>(state.peak);
 }
 
 bool AllocationProbe::Failed() const {
@@ -134,16 +141,27 @@ bool MustFail(const void* returnAddress) {
     return true;
 }
 
+void HoldBytes(std::ptrdiff_t change) {
+    state.bytes += change;
+    state.peak = state.bytes > state.peak ? state.bytes : state.peak;
+}
+
+std::ptrdiff_t SizeOf(void* block) {
+    return static_cast<std::ptrdiff_t>(malloc_usable_size(block));
+}
+
 void* Taken(void* block) {
     if (state.active && block != nullptr) {
         ++state.balance;
+        HoldBytes(SizeOf(block));
     }
     return block;
 }
 
-void GivenBack(const void* block) {
+void GivenBack(void* block) {
     if (state.active && block != nullptr) {
         --state.balance;
+        HoldBytes(-SizeOf(block));
     }
 }
 
@@ -163,6 +181,7 @@ extern "C" {
 void* BELOW(malloc)(std::size_t size);
 void* BELOW(calloc)(std::size_t count, std::size_t size);
 void* BELOW(realloc)(void* block, std::size_t size);
+void* BELOW(memalign)(std::size_t alignment, std::size_t size);
 void BELOW(free)(void* block);
 
 #define REPLACES_THE_HEAP __attribute__((visibility("default")))
@@ -188,8 +207,34 @@ REPLACES_THE_HEAP void* realloc(void* block, std::size_t size) {
     }
     if (size == 0) {
         GivenBack(block);
+        return BELOW(realloc)(block, size);
     }
-    return BELOW(realloc)(block, size);
+    const std::ptrdiff_t before = state.active ? SizeOf(block) : 0;
+    void* const moved = BELOW(realloc)(block, size);
+    if (state.active && moved != nullptr) {
+        HoldBytes(SizeOf(moved) - before);
+    }
+    return moved;
+}
+
+REPLACES_THE_HEAP void* memalign(std::size_t alignment, std::size_t size) {
+    using namespace geom::test;
+    return MustFail(CALLED_FROM) ? nullptr : Taken(BELOW(memalign)(alignment, size));
+}
+
+REPLACES_THE_HEAP void* aligned_alloc(std::size_t alignment, std::size_t size) {
+    using namespace geom::test;
+    return MustFail(CALLED_FROM) ? nullptr : Taken(BELOW(memalign)(alignment, size));
+}
+
+REPLACES_THE_HEAP int posix_memalign(void** block, std::size_t alignment, std::size_t size) {
+    using namespace geom::test;
+    void* const taken = MustFail(CALLED_FROM) ? nullptr : Taken(BELOW(memalign)(alignment, size));
+    if (taken == nullptr) {
+        return ENOMEM;
+    }
+    *block = taken;
+    return 0;
 }
 
 REPLACES_THE_HEAP void free(void* block) {
@@ -215,6 +260,17 @@ void* NewOrThrow(std::size_t size, const void* returnAddress) {
     return block;
 }
 
+void* NewAligned(std::size_t size, std::align_val_t alignment, const void* returnAddress) {
+    using namespace geom::test;
+    void* const block = MustFail(returnAddress)
+                            ? nullptr
+                            : Taken(BELOW(memalign)(static_cast<std::size_t>(alignment), size));
+    if (block == nullptr) {
+        throw std::bad_alloc();
+    }
+    return block;
+}
+
 } // namespace
 
 REPLACES_THE_HEAP void* operator new(std::size_t size) {
@@ -228,6 +284,26 @@ REPLACES_THE_HEAP void* operator new(std::size_t size, const std::nothrow_t& /*t
 }
 REPLACES_THE_HEAP void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
     return New(size, CALLED_FROM);
+}
+REPLACES_THE_HEAP void* operator new(std::size_t size, std::align_val_t alignment) {
+    return NewAligned(size, alignment, CALLED_FROM);
+}
+REPLACES_THE_HEAP void* operator new[](std::size_t size, std::align_val_t alignment) {
+    return NewAligned(size, alignment, CALLED_FROM);
+}
+REPLACES_THE_HEAP void operator delete(void* block, std::align_val_t /*alignment*/) noexcept {
+    free(block);
+}
+REPLACES_THE_HEAP void operator delete[](void* block, std::align_val_t /*alignment*/) noexcept {
+    free(block);
+}
+REPLACES_THE_HEAP void operator delete(void* block, std::size_t /*size*/,
+                                       std::align_val_t /*alignment*/) noexcept {
+    free(block);
+}
+REPLACES_THE_HEAP void operator delete[](void* block, std::size_t /*size*/,
+                                         std::align_val_t /*alignment*/) noexcept {
+    free(block);
 }
 REPLACES_THE_HEAP void operator delete(void* block) noexcept {
     free(block);

@@ -38,6 +38,8 @@ public:
     /// The blocks that this thread has taken so far less those that it has given back: 0 when
     /// nothing has leaked in a stretch of work that keeps nothing.
     std::ptrdiff_t Balance() const;
+    /// The most bytes that this thread has held at once, of what it has taken so far.
+    std::size_t PeakBytes() const;
     /// Whether the chosen request has been made, and failed.
     bool Failed() const;
 };
