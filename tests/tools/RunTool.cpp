@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <stdexcept>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -36,12 +37,18 @@ private:
     posix_spawn_file_actions_t m_actions;
 };
 
-int Wait(pid_t process) {
+/// Waits for the process to end, and fills in all but what it has written.
+ToolRun Wait(pid_t process) {
     int status = 0;
-    if (::waitpid(process, &status, 0) != process) {
+    rusage usage = {};
+    if (::wait4(process, &status, 0, &usage) != process) {
         throw std::runtime_error("the tool got lost");
     }
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    const timeval& time = usage.ru_utime;
+    const timeval& inSystem = usage.ru_stime;
+    const double seconds = static_cast<double>(time.tv_sec + inSystem.tv_sec) +
+                           1e-6 * static_cast<double>(time.tv_usec + inSystem.tv_usec);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, {}, {}, usage.ru_maxrss, seconds};
 }
 
 } // namespace
@@ -62,8 +69,10 @@ ToolRun RunGeomtool(const std::vector<std::string>& arguments, const std::string
         0) {
         throw std::runtime_error("the tool cannot be started");
     }
-    const int status = Wait(process);
-    return {status, folder.Content("out"), folder.Content("err")};
+    ToolRun run = Wait(process);
+    run.output = folder.Content("out");
+    run.errors = folder.Content("err");
+    return run;
 }
 
 } // namespace geomtool::test

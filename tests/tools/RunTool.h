@@ -12,6 +12,10 @@ struct ToolRun {
     int status;
     std::string output;
     std::string errors;
+    /// The most memory that was resident at once.
+    long kilobytes;
+    /// Processor time.
+    double seconds;
 };
 
 /// Runs the built tool as a process of its own.

@@ -17,6 +17,8 @@ namespace geomtool {
 namespace {
 
 constexpr std::size_t DEEPEST_NESTING = 256;
+/// The parser's number of the error for a number beyond the range of doubles.
+constexpr int NUMBER_OVERFLOW = 406;
 
 /// Walks over the text and tells the owner how far the parser has come.
 class CountingIterator {
@@ -217,6 +219,9 @@ public:
 
     bool parse_error(std::size_t /*position*/, const std::string& /*token*/,
                      const nlohmann::detail::exception& error) {
+        if (error.id == NUMBER_OVERFLOW) { // its text has all of the digits
+            Fail("the number is too large");
+        }
         // "[kind] parse error at line 1, column 2: what - why; last read: '...'"
         std::string message = error.what();
         const std::size_t column = message.find("column ");

@@ -136,7 +136,7 @@ void TextScanner::FailExpected(const std::string& what) {
     const bool cut = end - m_position > LONGEST_QUOTE;
     const std::string_view quote =
         m_text.substr(m_position, cut ? LONGEST_QUOTE : end - m_position);
-    Fail("expected " + what + ", found '" + std::string(quote) + (cut ? "...'" : "'"));
+    Fail("expected " + what + ", found '" + OneLine(quote) + (cut ? "...'" : "'"));
 }
 
 } // namespace geomtool
