@@ -52,7 +52,8 @@ public:
     /// Both outputs are replaced: `outPts` gets the points of all runs and `outCounts` the
     /// number of points of each. A run has at least two points, unless the line is one point.
     /// Disabled, the whole line is one run, also one of no points. `pts` may point into
-    /// `outPts`. O(n). Throws an internal error when `pts` is null and n is not 0.
+    /// `outPts`. O(n). Throws an internal error when `pts` is null and n is not 0, and for a run of
+    /// more points than 32 bits count.
     void ClipPolyline(const Vec2d* pts, std::size_t n, std::vector<Vec2d>& outPts,
                       std::vector<unsigned int>& outCounts) const;
 

@@ -7,6 +7,7 @@
 #include "geometry/detail/PointLanes.h"
 #include "geometry/detail/PointsInside.h"
 
+#include <limits>
 #include <utility>
 
 namespace geom {
@@ -14,11 +15,19 @@ namespace geom {
 namespace {
 
 constexpr int LINE_NULL_POINTS = 24;
+constexpr int LINE_RUN_TOO_LONG = 25;
 
 void CheckPoints(const Vec2d* pts, std::size_t n) {
     if (pts == nullptr && n != 0) {
         ThrowInternalError(L"CLineClip", LINE_NULL_POINTS);
     }
+}
+
+unsigned int CountOf(std::size_t points) {
+    if (points > std::numeric_limits<unsigned int>::max()) {
+        ThrowInternalError(L"CLineClip", LINE_RUN_TOO_LONG);
+    }
+    return static_cast<unsigned int>(points);
 }
 
 // Runs appended one after another to the caller's vectors.
@@ -32,7 +41,7 @@ public:
     void Add(const Vec2d& p) { m_pts.push_back(p); }
     void Add(const Vec2d* pts, std::size_t n) { m_pts.insert(m_pts.end(), pts, pts + n); }
     void Close() {
-        m_counts.push_back(static_cast<unsigned int>(m_pts.size() - m_start));
+        m_counts.push_back(CountOf(m_pts.size() - m_start));
         m_start = m_pts.size();
     }
 
@@ -194,8 +203,9 @@ void detail::AppendRuns(const CLineClip& clip, const Vec2d* pts, std::size_t n,
         RunsInVectors runs(outPts, outCounts);
         ClipSegments(clip.GetClipRect(), pts, n, runs);
     } else if (!clip.IsClipEnabled() || clip.GetClipRect().Contains(*pts)) {
+        const unsigned int count = CountOf(n);
         outPts.insert(outPts.end(), pts, pts + n);
-        outCounts.push_back(static_cast<unsigned int>(n));
+        outCounts.push_back(count);
     }
 }
 

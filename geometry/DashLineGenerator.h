@@ -36,8 +36,8 @@ public:
     using PieceCallback = void (*)(const Vec2d& first, const Vec2d& second, void* context);
 
     /// Takes over `count` lengths. No lengths at all mean the single length 0, which draws
-    /// solid. A null array with a count above 0 is an internal error, an exhausted heap the
-    /// out-of-memory error.
+    /// solid. A null array with a count above 0 is an internal error; an exhausted heap is the
+    /// out-of-memory error, and so are more lengths than an int counts.
     DashLineGenerator(const double* dashes, std::size_t count);
     /// Copies the pattern and the phase.
     DashLineGenerator(const DashLineGenerator& other);
@@ -94,8 +94,8 @@ public:
     using PieceCallback = void (*)(const Vec3d& first, const Vec3d& second, void* context);
 
     /// Takes over `count` lengths. No lengths at all mean the single length 0, which draws
-    /// solid. A null array with a count above 0 is an internal error, an exhausted heap the
-    /// out-of-memory error.
+    /// solid. A null array with a count above 0 is an internal error; an exhausted heap is the
+    /// out-of-memory error, and so are more lengths than an int counts.
     DashLine3Generator(const double* dashes, std::size_t count);
     /// Copies the pattern and the phase.
     DashLine3Generator(const DashLine3Generator& other);

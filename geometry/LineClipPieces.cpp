@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "geometry/Errors.h"
 #include "geometry/Polyline.h"
 #include "geometry/detail/LineClipRooms.h"
 #include "geometry/detail/Overlap.h"
 
+#include <limits>
 #include <new>
 #include <utility>
 
@@ -161,6 +163,9 @@ private:
         const Vec2d& last = m_points.back();
         if (!IsNear(last, a) && !IsNear(last, b)) {
             return false;
+        }
+        if (m_counts.back() == std::numeric_limits<unsigned int>::max()) {
+            ThrowInternalError(detail::LINE_CLIP_FILE, detail::LINE_RUN_TOO_LONG);
         }
         m_points.push_back(IsNear(last, a) ? b : a);
         ++m_counts.back();

@@ -1,10 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "geometry/LineClipPolygon.h"
 
+#include "geometry/Errors.h"
 #include "geometry/GpcPolygon.h"
 #include "geometry/detail/LineClipRooms.h"
 
+#include <limits>
+
 namespace geom {
+
+namespace {
+
+// A contour counts its points as an int.
+void RequireCountable(std::size_t points) {
+    if (points > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
+        ThrowInternalError(detail::LINE_CLIP_FILE, detail::LINE_TOO_MANY_VERTICES);
+    }
+}
+
+} // namespace
 
 LineClipPolygon::LineClipPolygon() : contours(nullptr) {}
 
@@ -42,6 +56,7 @@ void LineClipPolygon::FreeAll() {
 // the edges that join them are crossed once each way.
 void LineClipPolygon::Construct(const GpcPolygon& polygon) {
     FreeAll();
+    RequireCountable(polygon.GetPolygon(static_cast<Vec2d*>(nullptr)));
     std::vector<Vec2d> points;
     polygon.GetPolygon(points);
     if (!points.empty()) {
@@ -54,6 +69,7 @@ void LineClipPolygon::Construct(const GpcPolygon& polygon) {
 void LineClipPolygon::Construct(const LineClipPolygon& other) {
     std::vector<Vec2d> points;
     other.GetPolygon(points);
+    RequireCountable(points.size());
     def_contour(&contours, points.data(), static_cast<int>(points.size()), 0);
     bbox = other.bbox;
     BuildIndex(points.size());

@@ -33,8 +33,9 @@ class Polyline;
 /// finite give some result; nothing is checked.
 ///
 /// Exhausted memory is reported as the foundation's out-of-memory error of module "Geometry"
-/// and file "LineClipPolygon", except that output vectors throw what they throw. A failed call
-/// may have appended some pieces.
+/// and file "LineClipPolygon", except that output vectors throw what they throw; more vertices
+/// than an int counts (line 105), and a run that would grow beyond what 32 bits count (line 106),
+/// are internal errors of that file. A failed call may have appended some pieces.
 class GEOM_API LineClipPolygon {
 public:
     /// Receives a piece, from its smaller to its larger end; `context` is the caller's.

@@ -40,7 +40,8 @@ enum RSI_NormalDir : unsigned int { RSI_NORMAL_POSITIVE_Z = 0, RSI_NORMAL_NEGATI
 /// own message for its errors (53), the out-of-memory error inside it and coordinates beyond
 /// 1e150 among them. Coordinates that are no numbers are refused like those that are too large.
 /// A failed allocation passes as the standard exception; one that fails while the tessellator
-/// works is also logged.
+/// works is also logged. When the tessellator's own memory runs out, it loses the blocks that it
+/// holds: nothing of the library can give them back.
 ///
 /// Different threads may call this at once.
 GEOM_API void RemoveSelfIntersections(const Polygon2& in, Polygon2& out, unsigned int windingRule,

@@ -5,6 +5,8 @@
 #include "geometry/Errors.h"
 
 #include <cmath>
+#include <cstdint>
+#include <limits>
 
 namespace geom::detail {
 
@@ -34,6 +36,11 @@ void AppendPattern(std::vector<double>& pattern, const double* dashes, std::size
                    const PatternErrorLines& lines) {
     if (dashes == nullptr && count != 0) {
         ThrowInternalError(FILE_NAME, lines.nullDashes);
+    }
+    // The walk counts lengths as 32-bit integers; more are as good as more than fit the heap.
+    constexpr std::size_t LARGEST = std::numeric_limits<std::int32_t>::max();
+    if (count > LARGEST || pattern.size() > LARGEST - count) {
+        kit::Throw_ERR_KIT_NOGLOBALMEM(ModuleName(), FILE_NAME, lines.outOfMemory);
     }
     try {
         if (count == 0) {

@@ -22,6 +22,10 @@ constexpr int LINE_EDGE = 102;
 constexpr int LINE_INDEX = 103;
 constexpr int LINE_CROSSING_LIST = 104;
 
+// Counts that 32 bits do not hold.
+constexpr int LINE_TOO_MANY_VERTICES = 105;
+constexpr int LINE_RUN_TOO_LONG = 106;
+
 /// Reports exhausted memory.
 [[noreturn]] void ThrowLineClipOutOfMemory(int line);
 

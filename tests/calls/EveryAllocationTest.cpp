@@ -3,8 +3,8 @@
 // nothing leaks, inputs are as they were, and what is left can be used, assigned and destroyed.
 //
 // Ends with the number of requests that were made to fail, for each function. The option
-// --report=FILE writes them to a file, too: a line for each, its name and its number with a
-// tabulator between.
+// --report=FILE writes to a file those that make any: a line for each, its name and its number
+// with a tabulator between.
 #include "tests/calls/Trial.h"
 #include "tests/support/AllocationProbe.h"
 
@@ -169,7 +169,9 @@ public:
         if (!m_path.empty()) {
             std::ofstream file(m_path);
             for (const Row& row : m_rows) {
-                file << row.operation << '\t' << row.points << '\n';
+                if (row.points > 0) {
+                    file << row.operation << '\t' << row.points << '\n';
+                }
             }
         }
     }
