@@ -44,7 +44,7 @@ bool Prepare(gpc_op operation, SweepInput& input) {
     }
     input.minima.Append(subject, subjectMarks);
     input.minima.Append(clip, clipMarks);
-    input.minima.Sort();
+    input.minima.Sort(subject, clip);
     return !input.minima.IsEmpty();
 }
 

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <limits>
 #include <type_traits>
+#include <utility>
 
 namespace geom::detail {
 
@@ -74,6 +75,13 @@ public:
     /// Keeps the first elements only, and the storage.
     void Truncate(std::uint64_t count) { m_count = count; }
     void Clear() { m_count = 0; }
+
+    /// Exchanges the contents of two arrays that serve the same step.
+    void Swap(Block& other) {
+        std::swap(m_data, other.m_data);
+        std::swap(m_count, other.m_count);
+        std::swap(m_capacity, other.m_capacity);
+    }
 
     T& operator[](std::uint64_t index) { return m_data[index]; }
     const T& operator[](std::uint64_t index) const { return m_data[index]; }

@@ -22,27 +22,33 @@
 
 namespace geom::detail {
 
-/// One of the two bounds that begin at a local minimum.
+/// A vertex from which its ring rises, in one direction or in both.
 struct LocalMinimum {
     double y;
     double x;
-    double dx; ///< of the bound's first edge
     std::uint32_t contour;
     std::uint32_t vertex;
     Role role;
-    bool forward;
+    bool forward; ///< a bound begins along the ring's own direction
+    bool reverse; ///< a bound begins against it
 };
 
-/// The local minima of both operands: by ascending y, then x, then dx, then order of creation.
-/// The vertices themselves stay where they are, in the caller's contours.
+/// The local minima of both operands, such that their bounds begin by ascending y, then x, then
+/// dx, then order of creation: of the contours, for each of which all forward bounds come
+/// before all reverse ones. The vertices themselves stay where they are, in the caller's
+/// contours.
+///
+/// The two bounds of one minimum are told apart by dx when they begin. Only where several
+/// minima share a point do their bounds mix; those minima are cut into single bounds.
 class LocalMinima {
 public:
     LocalMinima() : m_minima("LMT insertion"), m_scratch("LMT insertion") {}
 
-    /// Adds the minima of every contour that is not marked: for each contour first its forward
-    /// bounds, then its reverse ones. Throws for a coordinate that is not finite.
+    /// Adds the minima of every contour that is not marked. Throws for a coordinate that is not
+    /// finite.
     void Append(const Operand& operand, const ContourMarks& marks);
-    void Sort();
+    /// Puts all minima of these operands, whose vertices still stand where they were, in order.
+    void Sort(const Operand& subject, const Operand& clip);
 
     bool IsEmpty() const { return m_minima.IsEmpty(); }
     const LocalMinimum* begin() const { return m_minima.begin(); }
@@ -57,9 +63,8 @@ public:
     bool MayOverflow() const;
 
 private:
-    void Inspect(const gpc_vertex* ring, std::uint32_t size);
-    void AppendBounds(const gpc_vertex* ring, std::uint32_t size, std::uint32_t contour, Role role,
-                      bool forward);
+    void AppendRing(const gpc_vertex* ring, std::uint32_t size, std::uint32_t contour, Role role);
+    void CutSharedPoints(const Operand& subject, const Operand& clip);
 
     Block<LocalMinimum> m_minima;
     Block<LocalMinimum> m_scratch;

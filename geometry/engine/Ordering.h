@@ -10,6 +10,20 @@
 
 namespace geom::detail {
 
+/// Merges two adjacent sorted runs of items; `copy` holds the first one. Which run comes next is
+/// as good as random, so the choice is computed rather than branched on.
+template <typename T, typename Precedes>
+void MergeBack(const T* copy, const T* copyEnd, const T* second, const T* secondEnd, T* out,
+               Precedes precedes) {
+    while (copy != copyEnd && second != secondEnd) {
+        const bool takeSecond = precedes(*second, *copy);
+        *out++ = *(takeSecond ? second : copy);
+        second += takeSecond ? 1 : 0;
+        copy += takeSecond ? 0 : 1;
+    }
+    std::copy(copy, copyEnd, out); // what is left of the second run stands in place
+}
+
 /// Sorts items stably. A merge sort that leaves halves alone which are already in order: most
 /// of what the sweep sorts comes in long ascending runs.
 template <typename T, typename Precedes>
@@ -17,8 +31,12 @@ void MergeSort(T* first, T* last, Block<T>& scratch, Precedes precedes) {
     constexpr std::ptrdiff_t SMALL = 12;
     if (last - first <= SMALL) {
         for (T* item = first; item < last; ++item) {
-            T* place = std::upper_bound(first, item, *item, precedes);
-            std::rotate(place, item, item + 1);
+            const T moved = *item;
+            T* place = item;
+            for (; place != first && precedes(moved, *(place - 1)); --place) {
+                *place = *(place - 1);
+            }
+            *place = moved;
         }
         return;
     }
@@ -28,9 +46,9 @@ void MergeSort(T* first, T* last, Block<T>& scratch, Precedes precedes) {
     if (!precedes(*middle, *(middle - 1))) {
         return;
     }
-    T* const copyEnd =
-        std::copy(first, middle, scratch.Space(static_cast<std::uint64_t>(middle - first)));
-    std::merge(scratch.Space(0), copyEnd, middle, last, first, precedes);
+    T* const copy = scratch.Space(static_cast<std::uint64_t>(middle - first));
+    T* const copyEnd = std::copy(first, middle, copy);
+    MergeBack(copy, copyEnd, middle, last, first, precedes);
 }
 
 /// Orders the items as inserting them one by one would, each before the first item that it

@@ -117,12 +117,30 @@ private:
     Block<Node> m_nodes;
 };
 
-void MarkApart(const Boxes& boxes, const BoxTree& others, ContourMarks& marks) {
+// Against a few boxes a hierarchy is not worth building.
+constexpr std::uint64_t FEW = 8;
+
+bool OverlapsAny(const Box& box, const Boxes& others) {
+    return std::any_of(others.begin(), others.end(),
+                       [&box](const Box& other) { return Overlap(box, other); });
+}
+
+template <typename OverlapsOther>
+void MarkApart(const Boxes& boxes, ContourMarks& marks, OverlapsOther overlapsOther) {
     marks.Expect(static_cast<std::uint32_t>(boxes.Count()));
     for (std::uint32_t c = 0; c < boxes.Count(); ++c) {
-        if (!others.OverlapsAny(boxes[c])) {
+        if (!overlapsOther(boxes[c])) {
             marks.Mark(c);
         }
+    }
+}
+
+void MarkApart(const Boxes& boxes, const Boxes& others, ContourMarks& marks) {
+    if (std::min(boxes.Count(), others.Count()) <= FEW) {
+        MarkApart(boxes, marks, [&others](const Box& box) { return OverlapsAny(box, others); });
+    } else {
+        const BoxTree tree(others);
+        MarkApart(boxes, marks, [&tree](const Box& box) { return tree.OverlapsAny(box); });
     }
 }
 
@@ -141,9 +159,9 @@ void MarkNonContributing(gpc_op operation, const Operand& subject, const Operand
     Boxes clipBoxes("Bounding box creation");
     Fill(subjectBoxes, subject);
     Fill(clipBoxes, clip);
-    MarkApart(clipBoxes, BoxTree(subjectBoxes), clipMarks);
+    MarkApart(clipBoxes, subjectBoxes, clipMarks);
     if (operation == GPC_INT) {
-        MarkApart(subjectBoxes, BoxTree(clipBoxes), subjectMarks);
+        MarkApart(subjectBoxes, clipBoxes, subjectMarks);
     }
 }
 

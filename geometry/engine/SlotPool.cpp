@@ -40,19 +40,18 @@ Slot* SlotPool::Fresh() {
     return slot;
 }
 
-Slot* SlotPool::Acquire(const LocalMinimum& minimum, const gpc_vertex* ring,
-                        std::uint32_t ringSize) {
+Slot* SlotPool::Acquire(const LocalMinimum& minimum, const Operand& operand, bool forward) {
     Slot* slot = m_free;
     if (slot != nullptr) {
         m_free = slot->next;
     } else {
         slot = Fresh();
     }
-    slot->ring = ring;
-    slot->ringSize = ringSize;
-    slot->forward = minimum.forward;
-    slot->topVertex = NextVertex(minimum.vertex, ringSize, minimum.forward);
-    SetEdge(*slot, ring[minimum.vertex], ring[slot->topVertex]);
+    slot->ring = operand.Vertices(minimum.contour);
+    slot->ringSize = operand.VertexCount(minimum.contour);
+    slot->forward = forward;
+    slot->topVertex = NextVertex(minimum.vertex, slot->ringSize, forward);
+    SetEdge(*slot, slot->ring[minimum.vertex], slot->ring[slot->topVertex]);
     slot->outp[ABOVE] = slot->outp[BELOW] = NO_OUTPUT;
     slot->flags[ABOVE] = slot->flags[BELOW] = 0;
     slot->sides = 0;

@@ -15,8 +15,8 @@ public:
     SlotPool& operator=(const SlotPool&) = delete;
     ~SlotPool();
 
-    /// A slot that stands at the first edge of a bound.
-    Slot* Acquire(const LocalMinimum& minimum, const gpc_vertex* ring, std::uint32_t ringSize);
+    /// A slot that stands at the first edge of a bound: of the minimum's forward or reverse one.
+    Slot* Acquire(const LocalMinimum& minimum, const Operand& operand, bool forward);
     void Release(Slot* slot);
     Slot* At(std::uint32_t number) { return m_chunks[number / CHUNK] + number % CHUNK; }
 

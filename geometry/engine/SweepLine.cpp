@@ -55,8 +55,8 @@ void SweepLine::Exchange(const Crossing& crossing) {
 
 Slot* SweepLine::TakeSuccession() {
     const bool isAlone = !m_tops.IsEmpty() && !m_tops.HasSecondAtOrBelow(m_y) &&
-                         (m_nextMinimum == m_input.minima.end() || m_nextMinimum->y != m_y) &&
-                         m_schedule.Touched().IsEmpty() && !m_events.HasLooseBundles();
+                         !HasMinimumAt(m_y) && m_schedule.Touched().IsEmpty() &&
+                         !m_events.HasLooseBundles();
     if (!isAlone) {
         return nullptr;
     }
@@ -99,15 +99,23 @@ void SweepLine::AdvanceBounds() {
 }
 
 void SweepLine::StartBounds() {
-    const LocalMinimum* end = m_input.minima.end();
-    if (m_nextMinimum == end || m_nextMinimum->y != m_y) {
+    if (!HasMinimumAt(m_y)) {
         return;
     }
     m_insertion.BeginRow(m_y, m_schedule.Touched());
-    for (; m_nextMinimum != end && m_nextMinimum->y == m_y; ++m_nextMinimum) {
-        const Operand& operand = m_input.OperandOf(m_nextMinimum->role);
-        Slot* slot = m_slots.Acquire(*m_nextMinimum, operand.Vertices(m_nextMinimum->contour),
-                                     operand.VertexCount(m_nextMinimum->contour));
+    for (; HasMinimumAt(m_y); ++m_nextMinimum) {
+        const LocalMinimum& minimum = *m_nextMinimum;
+        const Operand& operand = m_input.OperandOf(minimum.role);
+        Slot* forward = minimum.forward ? m_slots.Acquire(minimum, operand, true) : nullptr;
+        Slot* reverse = minimum.reverse ? m_slots.Acquire(minimum, operand, false) : nullptr;
+        const bool swap = forward != nullptr && reverse != nullptr && reverse->dx < forward->dx;
+        StartBound(swap ? reverse : forward);
+        StartBound(swap ? forward : reverse);
+    }
+}
+
+void SweepLine::StartBound(Slot* slot) {
+    if (slot != nullptr) {
         m_active.InsertBehind(m_insertion.FindPlace(*slot), slot);
         m_insertion.Inserted(slot);
         m_tops.Push({slot->top.y, slot});

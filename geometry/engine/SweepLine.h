@@ -67,8 +67,12 @@ private:
         Slot* slot;
     };
 
+    bool HasMinimumAt(double y) const {
+        return m_nextMinimum != m_input.minima.end() && m_nextMinimum->y == y;
+    }
     void AdvanceBounds();
     void StartBounds();
+    void StartBound(Slot* slot);
     void AddTouchingPairs();
 
     const SweepInput& m_input;
