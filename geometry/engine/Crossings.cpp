@@ -51,13 +51,20 @@ void CrossingTable::Find(Block<Slot*>& dirty, double yb, double yt, std::uint32_
     for (Slot* slot : dirty) {
         Slot* first = TakingPartFrom(slot);
         Slot* top = first != nullptr ? PreviousTakingPart(first) : nullptr;
-        if (top != nullptr && first->tableRow != m_row) {
+        if (top != nullptr && LinkOf(first).row != m_row) {
             SortStretch(first, top);
         }
     }
     OrderAsInserted(
         m_crossings, m_scratch, [](const Crossing& a, const Crossing& b) { return a.y < b.y; },
         [](const Crossing& c) { return std::isnan(c.y); });
+}
+
+CrossingTable::Link& CrossingTable::LinkOf(const Slot* slot) {
+    while (slot->number >= m_links.Count()) {
+        m_links.Append({0, NO_SLOT});
+    }
+    return m_links[slot->number];
 }
 
 // Goes on until an edge passes nothing: from there on neighbours are in order again.
@@ -106,15 +113,15 @@ bool CrossingTable::Passes(const Slot& slot, const Slot& other) {
 // The neighbour below in the sorted edge table: as it was linked in this scanbeam, and else that
 // of the list.
 Slot* CrossingTable::Below(const Slot* slot) {
-    if (slot->tableRow != m_row) {
+    const Link link = LinkOf(slot);
+    if (link.row != m_row) {
         return PreviousTakingPart(slot);
     }
-    return slot->below != NO_SLOT ? m_slots.At(slot->below) : nullptr;
+    return link.below != NO_SLOT ? m_slots.At(link.below) : nullptr;
 }
 
 void CrossingTable::PlaceAbove(Slot* slot, const Slot* below) {
-    slot->tableRow = m_row;
-    slot->below = below != nullptr ? below->number : NO_SLOT;
+    LinkOf(slot) = {m_row, below != nullptr ? below->number : NO_SLOT};
 }
 
 const Crossing* CrossingTable::Next() {

@@ -34,7 +34,7 @@ class CrossingTable {
 public:
     explicit CrossingTable(SlotPool& slots)
         : m_slots(slots), m_crossings("IT insertion"), m_scratch("IT insertion"),
-          m_deferred("IT insertion") {}
+          m_links("ST insertion"), m_deferred("IT insertion") {}
 
     /// Finds all crossings between two ordinates, in ascending y; equal ones keep the order in
     /// which they were found. `dirty` holds the slots that end up left of their left neighbour;
@@ -46,6 +46,13 @@ public:
     const Crossing* Next();
 
 private:
+    /// What stands below a slot in the sorted edge table.
+    struct Link {
+        std::uint32_t row; ///< in which it was set
+        std::uint32_t below;
+    };
+
+    Link& LinkOf(const Slot* slot);
     void SortStretch(Slot* slot, Slot* top);
     bool Insert(Slot* slot, Slot* top);
     bool Passes(const Slot& slot, const Slot& other);
@@ -56,6 +63,7 @@ private:
     SlotPool& m_slots;
     Block<Crossing> m_crossings;
     Block<Crossing> m_scratch;
+    Block<Link> m_links;             ///< by number of the slot
     Block<std::uint32_t> m_deferred; ///< passed over so far, in table order
     std::uint64_t m_next = 0;
     double m_yb = 0.0;

@@ -11,10 +11,6 @@ constexpr double ROUNDING = 0x1p-40; // far more than the roundings of one quoti
 
 } // namespace
 
-double PairSchedule::GapOf(const Slot& left, const Slot& right, double y) {
-    return right.XAt(y) - left.XAt(y) - (left.error + right.error + 2 * GPC_EPSILON);
-}
-
 void PairSchedule::Examine(Slot* slot, double y, std::uint32_t row, Block<Slot*>& dirty) {
     if (slot->XAt(y) < slot->prev->XAt(y)) {
         dirty.Append(slot);
@@ -48,16 +44,23 @@ void PairSchedule::ScheduleTouched(double y) {
 // Edges of a bundle with the same two ends stay together until they end: the pair inside needs
 // no attention.
 void PairSchedule::Schedule(Slot& slot, double y) {
-    ++slot.version;
     const Slot* left = slot.prev;
     if (left == nullptr || (left->state == BundleState::Tail && SameEnds(*left, slot))) {
+        ++slot.version;
         return;
     }
-    const double gap = GapOf(*left, slot, y);
+    Schedule(slot, GapOf(*left, slot, y), y);
+}
+
+// Of a pair that does not close, the gap is never used up: a product that is not positive says
+// so without a test of its own.
+void PairSchedule::Schedule(Slot& slot, double gap, double y) {
+    ++slot.version;
     if (gap > 0 && !m_checkAlways) {
-        const double closing = left->dx - slot.dx;
-        const double height = std::min(left->top.y, slot.top.y) - y;
-        if (closing <= 0 || gap >= closing * height * (1 + ROUNDING)) {
+        const Slot& left = *slot.prev;
+        const double closing = left.dx - slot.dx;
+        const double height = std::min(left.top.y, slot.top.y) - y;
+        if (gap >= closing * height * (1 + ROUNDING)) {
             return;
         }
         const double check = y + gap / closing * (1 - ROUNDING);

@@ -59,10 +59,21 @@ public:
 
     /// Schedules one pair.
     void Schedule(Slot& slot, double y);
+    /// The same where the gap is known, of a pair that is of no bundle.
+    void Schedule(Slot& slot, double gap, double y);
+
+    /// Whether the pair of a slot and its left neighbour is to be scheduled at the end of the row.
+    static bool IsTouched(const Slot& slot, std::uint32_t row) { return slot.touchRow == row; }
 
     /// The gap of a pair above its margin: positive when the two can neither cross nor form a
     /// bundle at this ordinate.
-    static double GapOf(const Slot& left, const Slot& right, double y);
+    static double GapOf(const Slot& left, const Slot& right, double y) {
+        return GapBetween(left, left.XAt(y), right, right.XAt(y));
+    }
+    /// The same where both x are known.
+    static double GapBetween(const Slot& left, double leftX, const Slot& right, double rightX) {
+        return rightX - leftX - (left.error + right.error + 2 * GPC_EPSILON);
+    }
 
 private:
     struct Check {

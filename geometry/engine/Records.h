@@ -67,15 +67,14 @@ struct Slot {
     BundleState state; ///< of the bundle above
     bool forward;      ///< the bound follows the ring's own direction
     bool ended;        ///< the bound ends in the row in hand
+    bool alone;        ///< the event in hand concerns no other slot
 
     // Numbers of the row in which something last happened to it.
     std::uint32_t eventRow;
     std::uint32_t touchRow;
-    std::uint32_t tableRow;
     std::uint32_t version; ///< of the schedule of the pair with its left neighbour
     std::uint32_t leaf;    ///< of the directory
     std::uint32_t number;  ///< of the slot itself
-    std::uint32_t below;   ///< number of the slot below it in the sorted edge table
 
     RoleMask RoleBit() const { return static_cast<RoleMask>(1U << role); }
 
@@ -92,6 +91,8 @@ struct Slot {
     /// The x of the edge's line at an ordinate.
     double XOnLine(double y) const { return bot.x + dx * (y - bot.y); }
 };
+
+static_assert(sizeof(Slot) == 128, "two lines of the cache: what a neighbour asks for is in one");
 
 /// Whether two edges have the same two ends: they coincide in every row.
 inline bool SameEnds(const Slot& a, const Slot& b) {

@@ -56,6 +56,7 @@ void RowEvents::ExtendLeft(Slot* slot) {
     }
     for (; first != slot; first = first->next) {
         Begin(first);
+        first->alone = false;
         Place(first);
     }
 }
@@ -70,6 +71,7 @@ void RowEvents::ExtendRight() {
             return;
         }
         Begin(next);
+        next->alone = false;
         Place(next);
     }
 }

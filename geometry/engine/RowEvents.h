@@ -37,6 +37,9 @@ public:
 
     bool HasLooseBundles() const { return !m_loose.IsEmpty(); }
 
+    /// The events so far, in the order in which they were added.
+    const Block<Slot*>& Found() const { return m_found; }
+    /// All events, in list order.
     const Block<Slot*>& InOrder() const { return m_events; }
 
     /// What was above a slot is below it from now on.

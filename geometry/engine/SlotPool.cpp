@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace geom::detail {
 
@@ -23,16 +24,24 @@ void SetEdge(Slot& slot, const gpc_vertex& bot, const gpc_vertex& top) {
 } // namespace
 
 SlotPool::~SlotPool() {
-    for (Slot* chunk : m_chunks) {
-        GpcFree(chunk);
+    for (const Chunk& chunk : m_chunks) {
+        GpcFree(chunk.block);
     }
+}
+
+// Slots begin where lines of the cache do.
+SlotPool::Chunk SlotPool::AllocateChunk() {
+    std::size_t space = CHUNK * sizeof(Slot) + LINE_SIZE;
+    void* block = GpcAlloc(space, ENGINE_FILE, LINE_ALLOCATE_RUN, "edge table creation");
+    void* slots = block;
+    std::align(LINE_SIZE, CHUNK * sizeof(Slot), slots, space);
+    return {block, static_cast<Slot*>(slots)};
 }
 
 Slot* SlotPool::Fresh() {
     if (m_used % CHUNK == 0) {
         m_chunks.Reserve(m_chunks.Count() + 1); // so that the append cannot fail
-        m_chunks.Append(static_cast<Slot*>(
-            GpcAlloc(CHUNK * sizeof(Slot), ENGINE_FILE, LINE_ALLOCATE_RUN, "edge table creation")));
+        m_chunks.Append(AllocateChunk());
     }
     Slot* slot = At(m_used);
     *slot = Slot{};
@@ -58,7 +67,8 @@ Slot* SlotPool::Acquire(const LocalMinimum& minimum, const Operand& operand, boo
     slot->role = minimum.role;
     slot->state = BundleState::Unbundled;
     slot->ended = false;
-    slot->eventRow = slot->touchRow = slot->tableRow = 0;
+    slot->alone = false;
+    slot->eventRow = slot->touchRow = 0;
     return slot;
 }
 

@@ -26,7 +26,10 @@ public:
     void Run() {
         while (m_line.Rise()) {
             ProcessCrossings();
-            if (!ProcessSuccession()) {
+            if (Slot* slot = m_line.TakeSuccession()) {
+                RowEvents::Renew(*slot);
+                ProcessAlone(*slot);
+            } else {
                 m_line.FindEvents();
                 ProcessRow();
                 m_line.EndRow();
@@ -48,41 +51,44 @@ private:
         }
     }
 
-    // Most rows of a drawing hold nothing but one edge that gives way to the next. It is a
-    // boundary of the result or it is not; nothing else can happen.
-    bool ProcessSuccession() {
-        Slot* slot = m_line.TakeSuccession();
-        if (slot == nullptr) {
-            return false;
-        }
-        const VertexClass vertexClass = ClassifySuccession(m_operation, *slot);
-        if (HasAction(vertexClass)) {
-            m_output.BeginRun();
-            if (Output::NEEDS_INTERVALS && vertexClass == VertexClass::RightEdge) {
-                CarryLeftBoundary(slot->prev);
-            }
-            RowEvents::Renew(*slot);
-            m_output.AtBoundary(vertexClass, *slot, PointOnRow(*slot));
-            if (Output::NEEDS_INTERVALS && vertexClass == VertexClass::LeftEdge) {
-                EndInterval(slot->next);
-            }
-        }
-        return true;
-    }
-
     // Each run of events is walked from its first slot for as long as it goes on, or a
     // horizontal is pending, through slots that are no events as well.
     void ProcessRow() {
+        if (Output::NEEDS_INTERVALS && m_line.AllAlone() && m_line.Events().Count() > 1) {
+            m_line.PutInOrder(); // events inside one interval concern each other
+        }
+        const bool allAlone = m_line.AllAlone();
         const Block<Slot*>& events = m_line.Events();
         for (std::uint64_t next = 0; next < events.Count();) {
-            StartRun(*events[next]);
-            for (Slot* slot = events[next]; slot != nullptr; slot = NextInRun(*slot)) {
+            Slot* slot = events[next];
+            if (slot->alone && (allAlone || !Output::NEEDS_INTERVALS)) {
+                ProcessAlone(*slot);
+                ++next;
+                continue;
+            }
+            for (StartRun(*slot); slot != nullptr; slot = NextInRun(*slot)) {
                 if (m_line.IsEvent(*slot)) {
                     ++next;
                 } else {
                     RowEvents::Renew(*slot);
                 }
                 ProcessEvent(*slot);
+            }
+        }
+    }
+
+    // Where one edge gives way to the next and nothing is near, it is a boundary of the result or
+    // it is not; nothing else can happen.
+    void ProcessAlone(Slot& slot) {
+        const VertexClass vertexClass = ClassifySuccession(m_operation, slot);
+        if (HasAction(vertexClass)) {
+            m_output.BeginRun();
+            if (Output::NEEDS_INTERVALS && vertexClass == VertexClass::RightEdge) {
+                CarryLeftBoundary(slot.prev);
+            }
+            m_output.AtBoundary(vertexClass, slot, PointOnRow(slot));
+            if (Output::NEEDS_INTERVALS && vertexClass == VertexClass::LeftEdge) {
+                EndInterval(slot.next);
             }
         }
     }

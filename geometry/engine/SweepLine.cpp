@@ -54,25 +54,31 @@ void SweepLine::Exchange(const Crossing& crossing) {
 }
 
 Slot* SweepLine::TakeSuccession() {
-    const bool isAlone = !m_tops.IsEmpty() && !m_tops.HasSecondAtOrBelow(m_y) &&
-                         !HasMinimumAt(m_y) && m_schedule.Touched().IsEmpty() &&
-                         !m_events.HasLooseBundles();
-    if (!isAlone) {
+    const bool isOnly = !m_tops.IsEmpty() && !m_tops.HasSecondAtOrBelow(m_y) &&
+                        !HasMinimumAt(m_y) && m_schedule.Touched().IsEmpty() &&
+                        !m_events.HasLooseBundles();
+    if (!isOnly) {
         return nullptr;
     }
+    // The row is inside the spans of both neighbours' edges.
     Slot* slot = m_tops.Top().slot;
     const Slot* left = slot->prev;
     Slot* right = slot->next;
+    const double x = slot->top.x;
+    const double leftX = left != nullptr ? left->XOnLine(m_y) : 0;
+    const double rightX = right != nullptr ? right->XOnLine(m_y) : 0;
     if (slot->state != BundleState::Unbundled ||
-        (left != nullptr && !(PairSchedule::GapOf(*left, *slot, m_y) > 0)) ||
-        (right != nullptr && !(PairSchedule::GapOf(*slot, *right, m_y) > 0)) ||
+        (left != nullptr && !(PairSchedule::GapBetween(*left, leftX, *slot, x) > 0)) ||
+        (right != nullptr && !(PairSchedule::GapBetween(*slot, x, *right, rightX) > 0)) ||
         !SlotPool::LoadNextEdge(*slot)) {
         return nullptr;
     }
     m_tops.ReplaceTop({slot->top.y, slot});
-    m_schedule.Schedule(*slot, m_y);
+    if (left != nullptr) {
+        m_schedule.Schedule(*slot, PairSchedule::GapBetween(*left, leftX, *slot, x), m_y);
+    }
     if (right != nullptr) {
-        m_schedule.Schedule(*right, m_y);
+        m_schedule.Schedule(*right, PairSchedule::GapBetween(*slot, x, *right, rightX), m_y);
     }
     return slot;
 }
@@ -82,14 +88,59 @@ void SweepLine::FindEvents() {
     AdvanceBounds();
     StartBounds();
     AddTouchingPairs();
+    FindLoners();
+    if (!m_allAlone) {
+        PutInOrder();
+    }
+}
+
+void SweepLine::PutInOrder() {
     m_events.Complete();
+    m_allAlone = false;
+}
+
+// Most events of a drawing are such that one edge gives way to the next, with nothing near.
+// They end no bundle and begin none, leave every other event as it is, and are scheduled at once.
+void SweepLine::FindLoners() {
+    m_allAlone = true;
+    for (Slot* slot : m_events.Found()) {
+        slot->alone = slot->alone && StandsAlone(*slot);
+        m_allAlone = m_allAlone && slot->alone;
+    }
+}
+
+// Whether a slot that gives way to the next edge of its bound has room on both sides, between
+// neighbours that at most do the same.
+bool SweepLine::StandsAlone(Slot& slot) {
+    const auto isSteady = [this](const Slot* neighbour) {
+        return neighbour == nullptr || !IsEvent(*neighbour) || neighbour->alone;
+    };
+    Slot* left = slot.prev;
+    Slot* right = slot.next;
+    if (!isSteady(left) || !isSteady(right)) {
+        return false;
+    }
+    const double leftGap = left != nullptr ? PairSchedule::GapOf(*left, slot, m_y) : 1;
+    const double rightGap = right != nullptr ? PairSchedule::GapOf(slot, *right, m_y) : 1;
+    if (!(leftGap > 0) || !(rightGap > 0)) {
+        return false;
+    }
+    if (left != nullptr && !PairSchedule::IsTouched(slot, m_row)) {
+        m_schedule.Schedule(slot, leftGap, m_y);
+    }
+    if (right != nullptr && !IsEvent(*right) && !PairSchedule::IsTouched(*right, m_row)) {
+        m_schedule.Schedule(*right, rightGap, m_y);
+    }
+    return true;
 }
 
 void SweepLine::AdvanceBounds() {
     while (!m_tops.IsEmpty() && m_tops.Top().y == m_y) {
         Slot* slot = m_tops.Top().slot;
         m_events.Add(slot);
+        slot->alone = false;
         if (SlotPool::LoadNextEdge(*slot)) {
+            slot->alone = slot->state == BundleState::Unbundled;
             m_tops.ReplaceTop({slot->top.y, slot});
         } else {
             slot->ended = true;
@@ -130,12 +181,16 @@ void SweepLine::AddTouchingPairs() {
         if (left != nullptr && !left->ended && !slot->ended && Coincide(*left, *slot, m_y)) {
             m_events.Add(left);
             m_events.Add(slot);
+            left->alone = slot->alone = false;
         }
     }
 }
 
 void SweepLine::EndRow() {
-    for (Slot* slot : m_events.InOrder()) {
+    for (Slot* slot : Events()) {
+        if (slot->alone) {
+            continue;
+        }
         Slot* next = slot->next;
         if (slot->ended) {
             m_active.Remove(slot);
@@ -147,7 +202,7 @@ void SweepLine::EndRow() {
         }
     }
     m_schedule.ScheduleTouched(m_y);
-    for (Slot* slot : m_events.InOrder()) {
+    for (Slot* slot : Events()) {
         if (slot->ended) {
             m_slots.Release(slot);
         }

@@ -53,10 +53,17 @@ public:
     /// and returns null.
     Slot* TakeSuccession();
 
-    /// Loads the edges that begin in the row, takes note of those that end, and puts all events
-    /// in order.
+    /// Loads the edges that begin in the row, takes note of those that end, and finds all events.
     void FindEvents();
-    const Block<Slot*>& Events() const { return m_events.InOrder(); }
+    /// The events of the row: in list order, but for a row in which all of them stand alone.
+    const Block<Slot*>& Events() const {
+        return m_allAlone ? m_events.Found() : m_events.InOrder();
+    }
+    /// Whether every event of the row stands alone: one edge gives way to the next, with room on
+    /// both sides, and neither neighbour is an event.
+    bool AllAlone() const { return m_allAlone; }
+    /// Puts such events in list order, too.
+    void PutInOrder();
     bool IsEvent(const Slot& slot) const { return slot.eventRow == m_row; }
     /// Takes out the bounds that have ended and schedules every pair that has changed.
     void EndRow();
@@ -74,6 +81,8 @@ private:
     void StartBounds();
     void StartBound(Slot* slot);
     void AddTouchingPairs();
+    void FindLoners();
+    bool StandsAlone(Slot& slot);
 
     const SweepInput& m_input;
     const LocalMinimum* m_nextMinimum;
@@ -89,6 +98,7 @@ private:
     double m_y = 0.0;
     std::uint32_t m_row = 0;
     bool m_hasCrossings = false;
+    bool m_allAlone = false;
 };
 
 } // namespace geom::detail
