@@ -10,6 +10,7 @@
 
 #include "geometry/Gpc.h"
 
+#include <cmath>
 #include <cstdint>
 
 namespace geom::detail {
@@ -100,7 +101,9 @@ inline bool SameEnds(const Slot& a, const Slot& b) {
 }
 
 /// Whether two edges that go on upwards from y form one bundle there.
-bool Coincide(const Slot& a, const Slot& b, double y);
+inline bool Coincide(const Slot& a, const Slot& b, double y) {
+    return std::fabs(a.dx - b.dx) <= GPC_EPSILON && std::fabs(a.XAt(y) - b.XAt(y)) <= GPC_EPSILON;
+}
 
 /// The first slot in list order of the bundle whose head, or only edge, is given.
 Slot* FirstOfBundle(Slot* head);

@@ -16,11 +16,6 @@ void RowEvents::BeginRow(double y, std::uint32_t row) {
     m_loose.Clear();
 }
 
-void RowEvents::Begin(Slot* slot) {
-    slot->eventRow = m_row;
-    Renew(*slot);
-}
-
 // Runs of neighbouring events grow at both ends by slots that coincide with their outermost live
 // slot. Ended slots do not count as neighbours: across them two others may touch.
 void RowEvents::Complete() {

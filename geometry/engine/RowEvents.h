@@ -50,7 +50,10 @@ public:
     }
 
 private:
-    void Begin(Slot* slot);
+    void Begin(Slot* slot) {
+        slot->eventRow = m_row;
+        Renew(*slot);
+    }
     void ExtendLeft(Slot* slot);
     void ExtendRight();
     Slot* FirstLiveFrom(Slot* slot) const;

@@ -1,27 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "geometry/engine/SlotPool.h"
 
-#include <algorithm>
-#include <cmath>
 #include <memory>
 
 namespace geom::detail {
-
-namespace {
-
-// An x computed inside an edge's span differs from the exact line through its ends by at most
-// 2^-50 of the larger end: three roundings, each 2^-53 of at most twice that end, and the
-// rounding of the slope. Four times that leaves room for the sum of two such errors, twice.
-constexpr double RELATIVE_ERROR = 0x1p-48;
-
-void SetEdge(Slot& slot, const gpc_vertex& bot, const gpc_vertex& top) {
-    slot.bot = bot;
-    slot.top = top;
-    slot.dx = Slope(bot, top);
-    slot.error = RELATIVE_ERROR * std::max(std::fabs(bot.x), std::fabs(top.x));
-}
-
-} // namespace
 
 SlotPool::~SlotPool() {
     for (const Chunk& chunk : m_chunks) {
@@ -76,18 +58,6 @@ void SlotPool::Release(Slot* slot) {
     ++slot->version; // what is still scheduled for it means nothing any more
     slot->next = m_free;
     m_free = slot;
-}
-
-bool SlotPool::LoadNextEdge(Slot& slot) {
-    const std::uint32_t next = NextVertex(slot.topVertex, slot.ringSize, slot.forward);
-    const gpc_vertex& bot = slot.ring[slot.topVertex];
-    const gpc_vertex& top = slot.ring[next];
-    if (!(top.y > bot.y)) {
-        return false;
-    }
-    slot.topVertex = next;
-    SetEdge(slot, bot, top);
-    return true;
 }
 
 } // namespace geom::detail

@@ -22,8 +22,9 @@ bool SweepLine::Rise() {
     }
     ++m_row;
     m_previousY = m_y;
-    const bool minimumFirst = m_tops.IsEmpty() || (hasMinimum && m_nextMinimum->y < m_tops.Top().y);
-    m_y = m_input.minima.Canonical(minimumFirst ? m_nextMinimum->y : m_tops.Top().y);
+    const bool minimumFirst =
+        m_tops.IsEmpty() || (hasMinimum && m_nextMinimum->y < m_tops.Winner().y);
+    m_y = m_input.minima.Canonical(minimumFirst ? m_nextMinimum->y : m_tops.Winner().y);
     m_hasCrossings = false;
     if (m_schedule.IsAnyDue(m_y)) {
         m_dirty.Clear();
@@ -54,37 +55,26 @@ void SweepLine::Exchange(const Crossing& crossing) {
 }
 
 Slot* SweepLine::TakeSuccession() {
-    const bool isOnly = !m_tops.IsEmpty() && !m_tops.HasSecondAtOrBelow(m_y) &&
-                        !HasMinimumAt(m_y) && m_schedule.Touched().IsEmpty() &&
-                        !m_events.HasLooseBundles();
-    if (!isOnly) {
+    m_advanced = nullptr;
+    if (m_tops.Winner().y != m_y || HasMinimumAt(m_y) || !m_schedule.Touched().IsEmpty() ||
+        m_events.HasLooseBundles()) {
         return nullptr;
     }
-    // The row is inside the spans of both neighbours' edges.
-    Slot* slot = m_tops.Top().slot;
-    const Slot* left = slot->prev;
-    Slot* right = slot->next;
-    const double x = slot->top.x;
-    const double leftX = left != nullptr ? left->XOnLine(m_y) : 0;
-    const double rightX = right != nullptr ? right->XOnLine(m_y) : 0;
-    if (slot->state != BundleState::Unbundled ||
-        (left != nullptr && !(PairSchedule::GapBetween(*left, leftX, *slot, x) > 0)) ||
-        (right != nullptr && !(PairSchedule::GapBetween(*slot, x, *right, rightX) > 0)) ||
-        !SlotPool::LoadNextEdge(*slot)) {
+    Slot* slot = m_tops.Winner().slot;
+    if (slot->state != BundleState::Unbundled || !SlotPool::LoadNextEdge(*slot)) {
         return nullptr;
     }
-    m_tops.ReplaceTop({slot->top.y, slot});
-    if (left != nullptr) {
-        m_schedule.Schedule(*slot, PairSchedule::GapBetween(*left, leftX, *slot, x), m_y);
-    }
-    if (right != nullptr) {
-        m_schedule.Schedule(*right, PairSchedule::GapBetween(*slot, x, *right, rightX), m_y);
-    }
-    return slot;
+    m_tops.ReplaceWinner(slot->top.y);
+    m_advanced = slot;
+    return m_tops.Winner().y != m_y && ScheduleApart(*slot) ? slot : nullptr;
 }
 
 void SweepLine::FindEvents() {
     m_events.BeginRow(m_y, m_row);
+    if (m_advanced != nullptr) {
+        m_events.Add(m_advanced);
+        m_advanced->alone = true;
+    }
     AdvanceBounds();
     StartBounds();
     AddTouchingPairs();
@@ -115,13 +105,19 @@ bool SweepLine::StandsAlone(Slot& slot) {
     const auto isSteady = [this](const Slot* neighbour) {
         return neighbour == nullptr || !IsEvent(*neighbour) || neighbour->alone;
     };
-    Slot* left = slot.prev;
+    return isSteady(slot.prev) && isSteady(slot.next) && ScheduleApart(slot);
+}
+
+// Schedules the pairs on both sides of a slot whose edge begins in the row, if there is room. A
+// neighbour that does the same sees to the pair on its left itself.
+bool SweepLine::ScheduleApart(Slot& slot) {
+    const Slot* left = slot.prev;
     Slot* right = slot.next;
-    if (!isSteady(left) || !isSteady(right)) {
-        return false;
-    }
-    const double leftGap = left != nullptr ? PairSchedule::GapOf(*left, slot, m_y) : 1;
-    const double rightGap = right != nullptr ? PairSchedule::GapOf(slot, *right, m_y) : 1;
+    const double x = slot.bot.x;
+    const double leftGap =
+        left != nullptr ? PairSchedule::GapBetween(*left, left->XAt(m_y), slot, x) : 1;
+    const double rightGap =
+        right != nullptr ? PairSchedule::GapBetween(slot, x, *right, right->XAt(m_y)) : 1;
     if (!(leftGap > 0) || !(rightGap > 0)) {
         return false;
     }
@@ -135,16 +131,16 @@ bool SweepLine::StandsAlone(Slot& slot) {
 }
 
 void SweepLine::AdvanceBounds() {
-    while (!m_tops.IsEmpty() && m_tops.Top().y == m_y) {
-        Slot* slot = m_tops.Top().slot;
+    while (!m_tops.IsEmpty() && m_tops.Winner().y == m_y) {
+        Slot* slot = m_tops.Winner().slot;
         m_events.Add(slot);
         slot->alone = false;
         if (SlotPool::LoadNextEdge(*slot)) {
             slot->alone = slot->state == BundleState::Unbundled;
-            m_tops.ReplaceTop({slot->top.y, slot});
+            m_tops.ReplaceWinner(slot->top.y);
         } else {
             slot->ended = true;
-            m_tops.Pop();
+            m_tops.RemoveWinner();
         }
     }
 }
@@ -169,7 +165,7 @@ void SweepLine::StartBound(Slot* slot) {
     if (slot != nullptr) {
         m_active.InsertBehind(m_insertion.FindPlace(*slot), slot);
         m_insertion.Inserted(slot);
-        m_tops.Push({slot->top.y, slot});
+        m_tops.Enter({slot->top.y, slot});
         m_events.Add(slot);
     }
 }
@@ -187,6 +183,9 @@ void SweepLine::AddTouchingPairs() {
 }
 
 void SweepLine::EndRow() {
+    if (m_allAlone && m_schedule.Touched().IsEmpty()) {
+        return;
+    }
     for (Slot* slot : Events()) {
         if (slot->alone) {
             continue;

@@ -10,12 +10,12 @@
 
 #include "geometry/engine/ActiveList.h"
 #include "geometry/engine/Crossings.h"
-#include "geometry/engine/Heap.h"
 #include "geometry/engine/Insertion.h"
 #include "geometry/engine/Minima.h"
 #include "geometry/engine/PairSchedule.h"
 #include "geometry/engine/RowEvents.h"
 #include "geometry/engine/SlotPool.h"
+#include "geometry/engine/Tournament.h"
 
 namespace geom::detail {
 
@@ -49,8 +49,7 @@ public:
     void Exchange(const Crossing& crossing);
 
     /// When all that happens in the row is that one edge gives way to the next edge of its bound,
-    /// with room on both sides: loads that edge and returns its slot. Otherwise changes nothing
-    /// and returns null.
+    /// with room on both sides: returns its slot, and the row is done. Otherwise returns null.
     Slot* TakeSuccession();
 
     /// Loads the edges that begin in the row, takes note of those that end, and finds all events.
@@ -69,11 +68,6 @@ public:
     void EndRow();
 
 private:
-    struct Top {
-        double y;
-        Slot* slot;
-    };
-
     bool HasMinimumAt(double y) const {
         return m_nextMinimum != m_input.minima.end() && m_nextMinimum->y == y;
     }
@@ -83,12 +77,13 @@ private:
     void AddTouchingPairs();
     void FindLoners();
     bool StandsAlone(Slot& slot);
+    bool ScheduleApart(Slot& slot);
 
     const SweepInput& m_input;
     const LocalMinimum* m_nextMinimum;
     SlotPool m_slots;
     ActiveList m_active;
-    Heap<Top> m_tops; ///< upper ends of the active edges
+    Tournament m_tops; ///< upper ends of the active edges
     PairSchedule m_schedule;
     Insertion m_insertion;
     CrossingTable m_crossings;
@@ -97,6 +92,7 @@ private:
     double m_previousY = 0.0;
     double m_y = 0.0;
     std::uint32_t m_row = 0;
+    Slot* m_advanced = nullptr; ///< its next edge is loaded already
     bool m_hasCrossings = false;
     bool m_allAlone = false;
 };
