@@ -16,9 +16,9 @@ constexpr std::uint64_t LARGEST_LABEL = std::numeric_limits<std::uint64_t>::max(
 // that follow.
 constexpr std::uint64_t LABEL_STEP = std::uint64_t{1} << 40U;
 
-// A range of 2^b labels is sparse when at most 1.5^b of them are in use. The largest ranges allow
-// more than 10^11, so the limit is never in the way of a list that fits into memory.
-constexpr double GROWTH_OF_LIMIT = 1.5;
+// A range of 2^b labels is sparse when at most 1.3^b of them are in use. Sparser ranges would be
+// relabelled less often, but the largest ones must allow any list: these allow more than 10^7.
+constexpr double GROWTH_OF_LIMIT = 1.3;
 constexpr unsigned SMALLEST_RANGE_BITS = 4;
 
 } // namespace

@@ -14,12 +14,6 @@ public:
     bool IsEmpty() const { return m_items.IsEmpty(); }
     const T& Top() const { return m_items[0]; }
 
-    /// Whether an item other than the top has the same y or a smaller one than this.
-    bool HasSecondAtOrBelow(double y) const {
-        return (m_items.Count() > 1 && m_items[1].y <= y) ||
-               (m_items.Count() > 2 && m_items[2].y <= y);
-    }
-
     void Push(const T& item) {
         m_items.Append(item);
         Lift(m_items.Count() - 1, item);
@@ -33,8 +27,9 @@ public:
         }
     }
 
-    /// Replaces the top: the hole sinks to the bottom along the smaller children, and the item
-    /// rises from there, since it mostly belongs near the bottom.
+private:
+    // The hole sinks to the bottom along the smaller children, and the item rises from there,
+    // since it mostly belongs near the bottom.
     void ReplaceTop(const T& item) {
         const std::uint64_t count = m_items.Count();
         std::uint64_t hole = 0;
@@ -48,7 +43,6 @@ public:
         Lift(hole, item);
     }
 
-private:
     void Lift(std::uint64_t hole, const T& item) {
         while (hole > 0) {
             const std::uint64_t parent = (hole - 1) / 2;

@@ -5,6 +5,7 @@
 #include "geometry/engine/Records.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <limits>
 
 namespace geom::detail {
@@ -57,20 +58,21 @@ private:
 
     static Entry Lower(const Entry& a, const Entry& b) { return b.y < a.y ? b : a; }
 
-    void Replay(std::uint32_t leaf, const Entry& entry) {
+    /// The same without a branch, which a processor would mostly guess wrong.
+    static Entry LowerOfRandom(const Entry& a, const Entry& b) {
+        const auto first = reinterpret_cast<std::uintptr_t>(a.slot);
+        const auto second = reinterpret_cast<std::uintptr_t>(b.slot);
+        const std::uintptr_t mask = std::uintptr_t{0} - (b.y < a.y ? 1U : 0U);
+        return {std::min(b.y, a.y), reinterpret_cast<Slot*>(first ^ ((first ^ second) & mask))};
+    }
+
+    void Replay(std::uint32_t leaf, Entry entry) {
         Entry* nodes = m_nodes.begin();
         std::uint32_t node = m_leaves + leaf;
         nodes[node] = entry;
-        double y = entry.y;
-        auto slot = reinterpret_cast<std::uintptr_t>(entry.slot);
         for (; node > 1; node /= 2) {
-            const Entry& opponent = nodes[node ^ 1U];
-            const auto other = reinterpret_cast<std::uintptr_t>(opponent.slot);
-            const std::uintptr_t mask =
-                std::uintptr_t{0} - static_cast<std::uintptr_t>(opponent.y < y);
-            y = std::min(opponent.y, y);
-            slot ^= (slot ^ other) & mask;
-            nodes[node / 2] = {y, reinterpret_cast<Slot*>(slot)};
+            entry = LowerOfRandom(entry, nodes[node ^ 1U]);
+            nodes[node / 2] = entry;
         }
     }
 
