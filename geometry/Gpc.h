@@ -99,6 +99,9 @@ GEOM_API bool gpc_write_polygon_binary(std::FILE* stream, int write_hole_flags,
 /// It may be one of the polygon's own. When an allocation fails (a negative count always does)
 /// the polygon is unchanged. A null argument, or a count without its array, is an internal error
 /// of module "Geometry" and file "Gpc".
+///
+/// Time: linear in the contour, and over many calls constant for those that are there already.
+/// The polygon's arrays may be moved and may have room to spare.
 GEOM_API void gpc_add_contour(gpc_polygon* polygon, const gpc_vertex_list* contour, int hole);
 
 /// Computes a set operation on two polygons.

@@ -45,9 +45,10 @@ void gpc_add_contour(gpc_polygon* polygon, const gpc_vertex_list* contour, int h
     if (polygon->num_contours < 0) {
         RequestHoleFlags(polygon->num_contours);
     }
+    const gpc_vertex_list list = *contour; // the polygon's own contours may move
     detail::ContourAppender appender(*polygon, 1);
-    gpc_vertex* vertices = appender.Append(contour->num_vertices, hole);
-    std::copy_n(contour->vertex, contour->num_vertices, vertices);
+    gpc_vertex* vertices = appender.Append(list.num_vertices, hole);
+    std::copy_n(list.vertex, list.num_vertices, vertices);
     appender.Commit();
 }
 

@@ -110,6 +110,27 @@ TEST(PolygonRecord, ContourMayBeOneOfThePolygonsOwn) {
     EXPECT_NE(polygon.contour[0].vertex, polygon.contour[2].vertex);
 }
 
+TEST(PolygonRecord, ArraysMoveOnlyEachTimeTheirCountHasDoubled) {
+    if (!AllocationProbe::Works()) {
+        GTEST_SKIP() << "the heap belongs to a sanitizer";
+    }
+    Record polygon;
+    std::vector<gpc_vertex> vertices = TRIANGLE;
+    const gpc_vertex_list contour = ListOf(vertices);
+    int moves = 0;
+    for (int i = 0; i < 5000; ++i) {
+        const auto before = std::make_pair(polygon.hole, polygon.contour);
+        gpc_add_contour(&polygon, &contour, i);
+        moves += before != std::make_pair(polygon.hole, polygon.contour) ? 1 : 0;
+    }
+    EXPECT_LE(moves, 14); // 1, 2, 4, ..., 8,192
+    ASSERT_EQ(polygon.num_contours, 5000);
+    for (int i = 0; i < 5000; ++i) {
+        ASSERT_EQ(polygon.hole[i], i);
+        ASSERT_EQ(polygon.contour[i].vertex[1].x, 4);
+    }
+}
+
 TEST(PolygonRecord, NegativeVertexCountIsAFailedAllocationThatChangesNothing) {
     for (const int count : {-1, -2, -1000, INT_MIN}) {
         Record polygon({{1, TRIANGLE}});

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The rooms of the sweep that keep order: the heap, the sorting, the active list and the schedule.
+// The rooms of the sweep that keep order: the heap, the tournament, the sorting, the active list and the schedule.
 #include "geometry/engine/ActiveList.h"
 #include "geometry/engine/Heap.h"
 #include "geometry/engine/Insertion.h"
 #include "geometry/engine/Ordering.h"
 #include "geometry/engine/PairSchedule.h"
 #include "geometry/engine/SlotPool.h"
+#include "geometry/engine/Tournament.h"
 
 #include <gtest/gtest.h>
 
@@ -18,6 +19,8 @@
 
 namespace geom::detail {
 namespace {
+
+constexpr double NOTHING = std::numeric_limits<double>::infinity();
 
 struct Item {
     double y;
@@ -42,27 +45,35 @@ TEST(Heap, GivesItemsInAscendingOrder) {
     EXPECT_TRUE(heap.IsEmpty());
 }
 
-TEST(Heap, ReplacedTopFindsItsPlace) {
-    Heap<Item> heap("items");
-    for (const double y : {1, 2, 3, 4, 5}) {
-        heap.Push({y, 0});
+TEST(Tournament, KnowsTheLowestOfAllThatWait) {
+    std::mt19937_64 random(5);
+    std::vector<Slot> slots(300);
+    std::vector<double> waiting(slots.size(), NOTHING);
+    Tournament tournament("slots");
+    EXPECT_TRUE(tournament.IsEmpty());
+    for (int step = 0; step < 20000; ++step) {
+        // Slots come in by and by, so that the tournament grows while others wait.
+        const std::size_t some = 1 + static_cast<std::size_t>(step) * slots.size() / 20000;
+        const std::size_t i = random() % some;
+        const auto y = static_cast<double>(random() % 1000);
+        const auto lowest = std::min_element(waiting.begin(), waiting.end());
+        if (waiting[i] == NOTHING) {
+            slots[i].number = static_cast<std::uint32_t>(i);
+            tournament.Enter({waiting[i] = y, &slots[i]});
+        } else if (random() % 2 == 0) {
+            waiting[tournament.Winner().slot->number] = y;
+            tournament.ReplaceWinner(y);
+        } else {
+            waiting[tournament.Winner().slot->number] = NOTHING;
+            tournament.RemoveWinner();
+        }
+        const auto now = std::min_element(waiting.begin(), waiting.end());
+        ASSERT_EQ(tournament.Winner().y, *now) << "after " << *lowest;
+        ASSERT_EQ(tournament.IsEmpty(), *now == NOTHING);
+        if (!tournament.IsEmpty()) {
+            ASSERT_EQ(waiting[tournament.Winner().slot->number], *now);
+        }
     }
-    heap.ReplaceTop({3.5, 1});
-    std::vector<double> ys;
-    for (; !heap.IsEmpty(); heap.Pop()) {
-        ys.push_back(heap.Top().y);
-    }
-    EXPECT_EQ(ys, (std::vector<double>{2, 3, 3.5, 4, 5}));
-}
-
-TEST(Heap, KnowsWhetherASecondItemIsAsLow) {
-    Heap<Item> heap("items");
-    heap.Push({1, 0});
-    EXPECT_FALSE(heap.HasSecondAtOrBelow(1));
-    heap.Push({2, 0});
-    EXPECT_FALSE(heap.HasSecondAtOrBelow(1));
-    heap.Push({1, 0});
-    EXPECT_TRUE(heap.HasSecondAtOrBelow(1));
 }
 
 std::vector<int> OrderedNumbers(const std::vector<double>& keys) {
