@@ -17,7 +17,7 @@ constexpr std::uint32_t SMALLEST_CONTOUR = 3;
 
 OutputIndex ChainForest::Begin(const gpc_vertex& point) {
     const auto number = static_cast<OutputIndex>(m_chains.Count());
-    const VertexIndex vertex = m_vertices.Append({point, Block<Vertex>::NONE});
+    const VertexIndex vertex = m_vertices.Append(point, VertexStore::NONE);
     return m_chains.Append({vertex, vertex, 1, number, false});
 }
 
@@ -35,7 +35,7 @@ void ChainForest::AddLeft(OutputIndex number, const gpc_vertex& point) {
         ThrowEngineError(LINE_ADD_LEFT_TO_NOTHING);
     }
     Chain& chain = m_chains[FindRoot(number)];
-    chain.left = m_vertices.Append({point, chain.left});
+    chain.left = m_vertices.Append(point, chain.left);
     ++chain.count;
 }
 
@@ -44,8 +44,8 @@ void ChainForest::AddRight(OutputIndex number, const gpc_vertex& point) {
         ThrowEngineError(LINE_ADD_RIGHT_TO_NOTHING);
     }
     Chain& chain = m_chains[FindRoot(number)];
-    const VertexIndex vertex = m_vertices.Append({point, Block<Vertex>::NONE});
-    m_vertices[chain.right].next = vertex;
+    const VertexIndex vertex = m_vertices.Append(point, VertexStore::NONE);
+    m_vertices.SetNext(chain.right, vertex);
     chain.right = vertex;
     ++chain.count;
 }
@@ -59,7 +59,7 @@ void ChainForest::MergeLeft(OutputIndex from, OutputIndex into) {
     Chain& q = m_chains[root];
     q.hole = true;
     if (&p != &q) {
-        m_vertices[p.right].next = q.left;
+        m_vertices.SetNext(p.right, q.left);
         q.left = p.left;
         q.count += p.count;
         p.parent = root;
@@ -75,7 +75,7 @@ void ChainForest::MergeRight(OutputIndex from, OutputIndex into) {
     Chain& q = m_chains[root];
     q.hole = false;
     if (&p != &q) {
-        m_vertices[q.right].next = p.left;
+        m_vertices.SetNext(q.right, p.left);
         q.right = p.right;
         q.count += p.count;
         p.parent = root;
@@ -105,8 +105,8 @@ gpc_polygon ChainForest::TakeResult() const {
 void ChainForest::CopyVertices(const Chain& chain, gpc_vertex_list& contour) const {
     VertexIndex from = chain.left;
     for (int to = contour.num_vertices; to-- > 0;) {
-        contour.vertex[to] = m_vertices[from].point;
-        from = m_vertices[from].next;
+        contour.vertex[to] = m_vertices.Point(from);
+        from = m_vertices.Next(from);
     }
 }
 

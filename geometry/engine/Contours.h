@@ -7,6 +7,7 @@
 #include "geometry/engine/Classification.h"
 #include "geometry/engine/Memory.h"
 #include "geometry/engine/Records.h"
+#include "geometry/engine/VertexStore.h"
 
 namespace geom::detail {
 
@@ -37,12 +38,7 @@ public:
     gpc_polygon TakeResult() const;
 
 private:
-    using VertexIndex = std::uint32_t;
-
-    struct Vertex {
-        gpc_vertex point;
-        VertexIndex next;
-    };
+    using VertexIndex = VertexStore::Index;
 
     struct Chain {
         VertexIndex left, right; ///< the ends; walked from left to right
@@ -56,7 +52,7 @@ private:
     void CopyVertices(const Chain& chain, gpc_vertex_list& contour) const;
 
     Block<Chain> m_chains;
-    Block<Vertex> m_vertices;
+    VertexStore m_vertices;
 };
 
 /// What each class of event does when contours are wanted.

@@ -46,8 +46,8 @@ void MoveStrip(Slot& from, Slot& to) {
 } // namespace
 
 OutputIndex StripList::Begin(const gpc_vertex& point) {
-    constexpr VertexIndex NONE = Block<Vertex>::NONE;
-    const VertexIndex vertex = m_vertices.Append({point, NONE});
+    constexpr VertexIndex NONE = VertexStore::NONE;
+    const VertexIndex vertex = m_vertices.Append(point, NONE);
     return m_strips.Append({{{vertex, vertex}, {NONE, NONE}}, 1});
 }
 
@@ -55,9 +55,13 @@ void StripList::Add(OutputIndex number, End side, const gpc_vertex& point) {
     if (number == NO_OUTPUT) {
         ThrowEngineError(LINE_ADD_TO_NO_STRIP);
     }
-    const VertexIndex vertex = m_vertices.Append({point, Block<Vertex>::NONE});
+    const VertexIndex vertex = m_vertices.Append(point, VertexStore::NONE);
     Chain& chain = m_strips[number].chain[side];
-    (chain.first == Block<Vertex>::NONE ? chain.first : m_vertices[chain.last].next) = vertex;
+    if (chain.first == VertexStore::NONE) {
+        chain.first = vertex;
+    } else {
+        m_vertices.SetNext(chain.last, vertex);
+    }
     chain.last = vertex;
     ++m_strips[number].count;
 }
@@ -79,12 +83,12 @@ gpc_tristrip StripList::TakeResult() const {
 void StripList::CopyVertices(const Strip& strip, gpc_vertex* out) const {
     VertexIndex left = strip.chain[LEFT].first;
     VertexIndex right = strip.chain[RIGHT].first;
-    while (left != Block<Vertex>::NONE || right != Block<Vertex>::NONE) {
+    while (left != VertexStore::NONE || right != VertexStore::NONE) {
         VertexIndex* const turns[] = {&left, &right};
         for (VertexIndex* next : turns) {
-            if (*next != Block<Vertex>::NONE) {
-                *out++ = m_vertices[*next].point;
-                *next = m_vertices[*next].next;
+            if (*next != VertexStore::NONE) {
+                *out++ = m_vertices.Point(*next);
+                *next = m_vertices.Next(*next);
             }
         }
     }

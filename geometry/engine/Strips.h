@@ -7,6 +7,7 @@
 #include "geometry/engine/Classification.h"
 #include "geometry/engine/Memory.h"
 #include "geometry/engine/Records.h"
+#include "geometry/engine/VertexStore.h"
 
 namespace geom::detail {
 
@@ -27,12 +28,7 @@ public:
     gpc_tristrip TakeResult() const;
 
 private:
-    using VertexIndex = std::uint32_t;
-
-    struct Vertex {
-        gpc_vertex point;
-        VertexIndex next;
-    };
+    using VertexIndex = VertexStore::Index;
 
     struct Chain {
         VertexIndex first, last;
@@ -46,7 +42,7 @@ private:
     void CopyVertices(const Strip& strip, gpc_vertex* out) const;
 
     Block<Strip> m_strips;
-    Block<Vertex> m_vertices;
+    VertexStore m_vertices;
 };
 
 /// What each class of event does when strips are wanted.
