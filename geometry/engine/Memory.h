@@ -25,6 +25,15 @@ void* GpcRealloc(void* block, std::uint64_t size, const char* file, int line, co
 /// Releases a block of GpcAlloc or GpcRealloc; null is allowed.
 void GpcFree(void* block);
 
+/// A hint that memory will be read soon.
+inline void Prefetch(const void* address) {
+#ifdef __GNUC__
+    __builtin_prefetch(address);
+#else
+    static_cast<void>(address);
+#endif
+}
+
 /// A growing array of plain records in one engine block, released by its destructor.
 ///
 /// Addresses of elements hold until the next Append; a Reserve of enough elements makes them

@@ -31,6 +31,7 @@ public:
             return false;
         }
         slot.topVertex = next;
+        PrefetchBehind(slot);
         SetEdge(slot, slot.top, top);
         return true;
     }
@@ -44,6 +45,16 @@ private:
         void* block;
         Slot* slots;
     };
+
+    // A line of the cache holds four vertices, and a bound takes them one after another, but
+    // with much of the sweep in between.
+    static void PrefetchBehind(const Slot& slot) {
+        constexpr std::uint32_t AHEAD = LINE_SIZE / sizeof(gpc_vertex);
+        const std::uint32_t at = slot.topVertex;
+        const std::uint32_t before = at < AHEAD ? 0 : at - AHEAD;
+        const std::uint32_t behind = slot.ringSize - at > AHEAD ? at + AHEAD : at;
+        Prefetch(slot.ring + (slot.forward ? behind : before));
+    }
 
     static Chunk AllocateChunk();
     // An x computed inside an edge's span differs from the exact line through its ends by at most
