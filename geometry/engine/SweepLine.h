@@ -59,7 +59,7 @@ public:
         return m_allAlone ? m_events.Found() : m_events.InOrder();
     }
     /// Whether every event of the row stands alone: one edge gives way to the next, with room on
-    /// both sides, and neither neighbour is an event.
+    /// both sides, between neighbours that at most do the same.
     bool AllAlone() const { return m_allAlone; }
     /// Puts such events in list order, too.
     void PutInOrder();
