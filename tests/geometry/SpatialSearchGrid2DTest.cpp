@@ -3,6 +3,7 @@
 
 #include "tests/support/AllocationProbe.h"
 #include "tests/support/Exceptions.h"
+#include "tests/support/SearchGrids.h"
 
 #include <gtest/gtest.h>
 
@@ -20,38 +21,15 @@ namespace {
 
 using test::AllocationProbe;
 using test::ExpectError;
+using test::FunctionSource;
+using test::OpenGrid;
+using test::PointSource;
 
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double LARGEST = std::numeric_limits<double>::max();
 
 using Points = std::vector<Vec2d>;
-
-// Points whose indices start at `first`; some may be withheld.
-class PointSource : public SpatialSearchGrid2D::IVertexSource {
-public:
-    explicit PointSource(Points pts, int firstIndex = 0)
-        : points(std::move(pts)), withheld(points.size(), false), first(firstIndex) {}
-    bool GetVertex(int index, Vec2d& out) const override {
-        const std::size_t at = static_cast<std::size_t>(index - first);
-        if (withheld.at(at)) {
-            return false;
-        }
-        out = points.at(at);
-        return true;
-    }
-    Points points;
-    std::vector<bool> withheld;
-    int first;
-};
-
-// A source that answers through a function.
-class FunctionSource : public SpatialSearchGrid2D::IVertexSource {
-public:
-    explicit FunctionSource(std::function<bool(int, Vec2d&)> f) : answer(std::move(f)) {}
-    bool GetVertex(int index, Vec2d& out) const override { return answer(index, out); }
-    std::function<bool(int, Vec2d&)> answer;
-};
 
 SpatialSearchGrid2D GridOf(const Points& points) {
     SpatialSearchGrid2D grid;
@@ -72,15 +50,6 @@ int PlainNearest(const Points& points, const Vec2d& p) {
     }
     return best;
 }
-
-// Opens what the grid keeps for derived classes.
-class OpenGrid : public SpatialSearchGrid2D {
-public:
-    using SpatialSearchGrid2D::GetVertex;
-    using SpatialSearchGrid2D::QueryCell;
-    using SpatialSearchGrid2D::QueryRingOfCells;
-    using SpatialSearchGrid2D::WhichCell;
-};
 
 Points Lattice(int columns, int rows) {
     Points points;
