@@ -2,18 +2,21 @@
 #include "geometry/SpatialSearchGrid2D.h"
 
 #include "geometry/Errors.h"
+#include "geometry/detail/CrowdedCells.h"
+#include "geometry/detail/NearestVertex.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <numeric>
+#include <utility>
 
 namespace geom {
 
 namespace {
 
 constexpr const wchar_t* UNIT = L"SpatialSearchGrid2D";
-constexpr int LINE_VERTEX_REFUSED = 222;
 constexpr int LINE_NULL_SOURCE = 223;
 constexpr int LINE_TOO_MANY_VERTICES = 224;
 constexpr int LINE_SOURCE_CHANGED = 225;
@@ -60,10 +63,98 @@ std::vector<double> CellEdges(double origin, double scale, int cells) {
 
 SpatialSearchGrid2D::IVertexSource::~IVertexSource() = default;
 
-// A rectangle of cells, its borders included.
-struct SpatialSearchGrid2D::CellRange {
-    int left, right, bottom, top;
+// A query under way. Cells are numbered wider than int, so that no number given from outside
+// can overflow; those outside the grid have no vertices.
+class SpatialSearchGrid2D::Search {
+public:
+    using Cell = std::int64_t;
+
+    Search(const SpatialSearchGrid2D& grid, const Vec2d& p, const detail::NearestVertex& best)
+        : m_grid(grid), m_p(p), m_best(best) {}
+
+    const detail::NearestVertex& Best() const { return m_best; }
+
+    void VisitCell(Cell x, Cell y) {
+        if (IsColumn(x) && IsRow(y)) {
+            VisitNumber(Number(x, y));
+        }
+    }
+
+    // The cells left .. right of row y. Leaps over empty ones.
+    void VisitRow(Cell y, Cell left, Cell right) {
+        if (IsRow(y)) {
+            const Cell end = std::min<Cell>(right, m_grid.m_columns - 1);
+            for (Cell x = std::max<Cell>(left, 0); x <= end; ++x) {
+                x = m_grid.m_nextInRow[Number(x, y)];
+                if (x <= end) {
+                    VisitCell(x, y);
+                }
+            }
+        }
+    }
+
+    // The cells bottom .. top of column x, likewise.
+    void VisitColumn(Cell x, Cell bottom, Cell top) {
+        if (IsColumn(x)) {
+            const Cell end = std::min<Cell>(top, m_grid.m_rows - 1);
+            for (Cell y = std::max<Cell>(bottom, 0); y <= end; ++y) {
+                y = m_grid.m_nextInColumn[Number(x, y)];
+                if (y <= end) {
+                    VisitCell(x, y);
+                }
+            }
+        }
+    }
+
+    // The cells at the distance `ring` from (x, y), which form a square.
+    void VisitRing(Cell x, Cell y, Cell ring) {
+        if (ring == 0) {
+            VisitCell(x, y);
+            return;
+        }
+        VisitRow(y - ring, x - ring, x + ring);
+        VisitRow(y + ring, x - ring, x + ring);
+        VisitColumn(x - ring, y - ring + 1, y + ring - 1);
+        VisitColumn(x + ring, y - ring + 1, y + ring - 1);
+    }
+
+private:
+    bool IsColumn(Cell x) const { return 0 <= x && x < m_grid.m_columns; }
+    bool IsRow(Cell y) const { return 0 <= y && y < m_grid.m_rows; }
+
+    std::size_t Number(Cell x, Cell y) const {
+        return static_cast<std::size_t>(y * m_grid.m_columns + x);
+    }
+
+    void VisitNumber(std::size_t cell) {
+        const int start = m_grid.m_cellStarts[cell];
+        const int* const indices = m_grid.m_cellIndices.data() + start;
+        const std::size_t count = static_cast<std::size_t>(m_grid.m_cellStarts[cell + 1] - start);
+        if (count <= detail::CrowdedCells::LIMIT) {
+            m_best.Compete(*m_grid.m_source, indices, count, m_p);
+        } else {
+            m_grid.m_crowdedCells->Search(cell, *m_grid.m_source, indices, count, m_p, m_best);
+        }
+    }
+
+    const SpatialSearchGrid2D& m_grid;
+    const Vec2d m_p;
+    detail::NearestVertex m_best;
 };
+
+// Defined inline because every query asks for six of them.
+inline int SpatialSearchGrid2D::ColumnAt(double x) const {
+    return LimitToCells((x - m_originX) * m_scaleX, m_columns);
+}
+
+inline int SpatialSearchGrid2D::RowAt(double y) const {
+    return LimitToCells((y - m_originY) * m_scaleY, m_rows);
+}
+
+inline std::size_t SpatialSearchGrid2D::CellOf(const Vec2d& p) const {
+    return static_cast<std::size_t>(RowAt(p.y)) * static_cast<std::size_t>(m_columns) +
+           static_cast<std::size_t>(ColumnAt(p.x));
+}
 
 SpatialSearchGrid2D::SpatialSearchGrid2D()
     : m_vertexCount(0), m_columns(0), m_rows(0), m_originX(0.0), m_originY(0.0), m_scaleX(1.0),
@@ -116,44 +207,65 @@ void SpatialSearchGrid2D::LayOutCells(const Box2d& box) {
 // A counting sort: the number of vertices in each cell, then where each cell's group starts,
 // then every index into the next free place of its group.
 void SpatialSearchGrid2D::SortIntoCells(int first, int last) {
-    const std::size_t cells =
-        static_cast<std::size_t>(m_columns) * static_cast<std::size_t>(m_rows);
-    m_cellIndices.resize(static_cast<std::size_t>(m_vertexCount));
-    m_cellStarts.resize(cells + 1, 0);
-    int counted = 0;
-    ForEachVertex(*m_source, first, last, [&](int, const Vec2d& vertex) {
-        if (counted++ == m_vertexCount) {
-            ThrowInternalError(UNIT, LINE_SOURCE_CHANGED);
-        }
-        ++m_cellStarts[static_cast<std::size_t>(WhichCell(vertex)) + 1];
-    });
-    if (counted != m_vertexCount) {
-        ThrowInternalError(UNIT, LINE_SOURCE_CHANGED);
-    }
-    for (std::size_t cell = 0; cell < cells; ++cell) {
-        m_cellStarts[cell + 1] += m_cellStarts[cell];
-    }
-
+    CountByCell(first, last);
     std::vector<int> places(m_cellStarts.begin(), m_cellStarts.end() - 1);
+    detail::CrowdedCells::Builder crowds(m_cellStarts);
+    m_cellIndices.resize(static_cast<std::size_t>(m_vertexCount));
+    int missing = m_vertexCount;
     ForEachVertex(*m_source, first, last, [&](int index, const Vec2d& vertex) {
-        const std::size_t cell = static_cast<std::size_t>(WhichCell(vertex));
+        const std::size_t cell = CellOf(vertex);
         if (places[cell] == m_cellStarts[cell + 1]) {
             ThrowInternalError(UNIT, LINE_SOURCE_CHANGED);
         }
+        crowds.Add(cell, places[cell], index, vertex);
         m_cellIndices[static_cast<std::size_t>(places[cell]++)] = index;
-        --counted;
+        --missing;
     });
-    if (counted != 0) {
+    if (missing != 0) {
         ThrowInternalError(UNIT, LINE_SOURCE_CHANGED);
+    }
+    LinkOccupiedCells();
+    if (crowds.HasCrowds()) {
+        m_crowdedCells =
+            std::make_shared<const detail::CrowdedCells>(crowds.Build(m_cellStarts, m_cellIndices));
     }
 }
 
-int SpatialSearchGrid2D::ColumnAt(double x) const {
-    return LimitToCells((x - m_originX) * m_scaleX, m_columns);
+void SpatialSearchGrid2D::CountByCell(int first, int last) {
+    const std::size_t cells =
+        static_cast<std::size_t>(m_columns) * static_cast<std::size_t>(m_rows);
+    m_cellStarts.resize(cells + 1, 0);
+    int missing = m_vertexCount;
+    ForEachVertex(*m_source, first, last, [&](int, const Vec2d& vertex) {
+        if (missing-- == 0) {
+            ThrowInternalError(UNIT, LINE_SOURCE_CHANGED);
+        }
+        ++m_cellStarts[CellOf(vertex) + 1];
+    });
+    if (missing != 0) {
+        ThrowInternalError(UNIT, LINE_SOURCE_CHANGED);
+    }
+    std::partial_sum(m_cellStarts.begin(), m_cellStarts.end(), m_cellStarts.begin());
 }
 
-int SpatialSearchGrid2D::RowAt(double y) const {
-    return LimitToCells((y - m_originY) * m_scaleY, m_rows);
+void SpatialSearchGrid2D::LinkOccupiedCells() {
+    const std::size_t columns = static_cast<std::size_t>(m_columns);
+    const std::size_t rows = static_cast<std::size_t>(m_rows);
+    m_nextInRow.resize(rows * columns);
+    m_nextInColumn.resize(rows * columns);
+    std::vector<int> nextRow(columns, m_rows); // of each column
+    for (std::size_t y = rows; y-- > 0;) {
+        int nextColumn = m_columns;
+        for (std::size_t x = columns; x-- > 0;) {
+            const std::size_t cell = y * columns + x;
+            if (m_cellStarts[cell] != m_cellStarts[cell + 1]) {
+                nextColumn = static_cast<int>(x);
+                nextRow[x] = static_cast<int>(y);
+            }
+            m_nextInRow[cell] = nextColumn;
+            m_nextInColumn[cell] = nextRow[x];
+        }
+    }
 }
 
 int SpatialSearchGrid2D::WhichCell(const Vec2d& p) const {
@@ -166,92 +278,48 @@ bool SpatialSearchGrid2D::GetVertex(int index, Vec2d& out) const {
 
 bool SpatialSearchGrid2D::QueryCell(int cx, int cy, const Vec2d& p, int& bestIndex,
                                     double& bestDistanceSquared) const {
-    if (cx < 0 || cx >= m_columns || cy < 0 || cy >= m_rows) {
-        return false;
-    }
-    const int before = bestIndex;
-    const std::ptrdiff_t row = cy;
-    const std::size_t cell = static_cast<std::size_t>(row * m_columns + cx);
-    const auto begin = m_cellIndices.begin() + m_cellStarts[cell];
-    const auto end = m_cellIndices.begin() + m_cellStarts[cell + 1];
-    for (auto index = begin; index != end; ++index) {
-        Vec2d vertex;
-        if (!GetVertex(*index, vertex)) {
-            ThrowInternalError(UNIT, LINE_VERTEX_REFUSED);
-        }
-        const double distanceSquared = p.DistanceSquared(vertex);
-        if (distanceSquared < bestDistanceSquared ||
-            (distanceSquared == bestDistanceSquared && *index < bestIndex)) {
-            bestDistanceSquared = distanceSquared;
-            bestIndex = *index;
-        }
-    }
-    return bestIndex != before;
+    return QueryRingOfCells(cx, cy, 0, p, bestIndex, bestDistanceSquared);
 }
 
 bool SpatialSearchGrid2D::QueryRingOfCells(int cx, int cy, int ring, const Vec2d& p, int& bestIndex,
                                            double& bestDistanceSquared) const {
-    // Wider than int, so that no cell number given from outside can overflow.
-    using Cell = std::int64_t;
-    const Cell left = Cell{cx} - ring;
-    const Cell right = Cell{cx} + ring;
-    const Cell bottom = Cell{cy} - ring;
-    const Cell top = Cell{cy} + ring;
-    const int before = bestIndex;
-    const auto visit = [&](Cell x, Cell y) {
-        if (0 <= x && x < m_columns && 0 <= y && y < m_rows) {
-            QueryCell(static_cast<int>(x), static_cast<int>(y), p, bestIndex, bestDistanceSquared);
-        }
-    };
-    for (Cell x = std::max<Cell>(left, 0); x <= std::min<Cell>(right, m_columns - 1); ++x) {
-        visit(x, bottom);
-        if (top != bottom) {
-            visit(x, top);
-        }
-    }
-    for (Cell y = std::max<Cell>(bottom + 1, 0); y <= std::min<Cell>(top - 1, m_rows - 1); ++y) {
-        visit(left, y);
-        visit(right, y);
-    }
-    return bestIndex != before;
-}
-
-SpatialSearchGrid2D::CellRange SpatialSearchGrid2D::RangeAround(const Vec2d& p,
-                                                                double distance) const {
-    return {ColumnAt(p.x - distance), ColumnAt(p.x + distance), RowAt(p.y - distance),
-            RowAt(p.y + distance)};
+    Search search(*this, p, {bestIndex, bestDistanceSquared});
+    search.VisitRing(cx, cy, ring);
+    bestDistanceSquared = search.Best().distanceSquared;
+    return std::exchange(bestIndex, search.Best().index) != search.Best().index;
 }
 
 int SpatialSearchGrid2D::Query(const Vec2d& p) const {
     if (m_vertexCount <= 1) {
         return m_vertexCount - 1;
     }
+    constexpr detail::NearestVertex NONE = {-1, std::numeric_limits<double>::max()};
     const int cx = ColumnAt(p.x);
     const int cy = RowAt(p.y);
-    int bestIndex = -1;
-    double bestDistanceSquared = std::numeric_limits<double>::max();
+    Search search(*this, p, NONE);
 
     // Search outwards in square rings until one holds a vertex.
     int ring = 0;
-    if (!QueryCell(cx, cy, p, bestIndex, bestDistanceSquared)) {
-        const int outermost = std::max(m_columns, m_rows);
-        do {
-            ++ring;
-        } while (ring <= outermost &&
-                 !QueryRingOfCells(cx, cy, ring, p, bestIndex, bestDistanceSquared));
+    search.VisitCell(cx, cy);
+    while (search.Best().index == NONE.index && ring <= m_columns) {
+        search.VisitRing(cx, cy, ++ring);
     }
 
     // A nearer vertex can still lie in a farther ring, where the circle of the best distance
     // leaves the square searched so far.
-    const CellRange range = RangeAround(p, std::sqrt(bestDistanceSquared));
-    for (int y = range.bottom; y <= range.top; ++y) {
-        for (int x = range.left; x <= range.right; ++x) {
-            if (std::abs(x - cx) > ring || std::abs(y - cy) > ring) {
-                QueryCell(x, y, p, bestIndex, bestDistanceSquared);
-            }
+    const double distance = std::sqrt(search.Best().distanceSquared);
+    const int left = ColumnAt(p.x - distance);
+    const int right = ColumnAt(p.x + distance);
+    const int top = RowAt(p.y + distance);
+    for (int y = RowAt(p.y - distance); y <= top; ++y) {
+        if (std::abs(y - cy) > ring) {
+            search.VisitRow(y, left, right);
+        } else {
+            search.VisitRow(y, left, std::min(right, cx - ring - 1));
+            search.VisitRow(y, std::max(left, cx + ring + 1), right);
         }
     }
-    return bestIndex;
+    return search.Best().index;
 }
 
 } // namespace geom
