@@ -5,6 +5,7 @@
 #include "geometry/engine/Records.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 
@@ -63,7 +64,9 @@ private:
         const auto first = reinterpret_cast<std::uintptr_t>(a.slot);
         const auto second = reinterpret_cast<std::uintptr_t>(b.slot);
         const std::uintptr_t mask = std::uintptr_t{0} - (b.y < a.y ? 1U : 0U);
-        return {std::min(b.y, a.y), reinterpret_cast<Slot*>(first ^ ((first ^ second) & mask))};
+        const std::uintptr_t lower = first ^ ((first ^ second) & mask);
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): it is one of the two pointers again.
+        return {std::min(b.y, a.y), reinterpret_cast<Slot*>(lower)};
     }
 
     void Replay(std::uint32_t leaf, Entry entry) {
@@ -83,7 +86,7 @@ private:
         for (std::uint32_t leaf = 0; leaf < leaves; ++leaf) {
             nodes[leaves + leaf] = leaf < m_leaves ? m_nodes[m_leaves + leaf] : NOBODY;
         }
-        for (std::uint32_t node = leaves; --node > 0;) {
+        for (std::size_t node = leaves; --node > 0;) {
             nodes[node] = Lower(nodes[2 * node], nodes[2 * node + 1]);
         }
         m_nodes.Swap(grown);

@@ -21,33 +21,33 @@ namespace {
 /// What tells one of the commands from the others.
 struct CommandEntry {
     SetOperation operation;
+    /// Whether a second operand must be given.
+    bool needsSecond;
     const char* name;
     const char* description;
     const char* example;
-    /// Whether a second operand must be given.
-    bool needsSecond;
     /// What --each does; null where it has no meaning.
     const char* each;
 };
 
 constexpr CommandEntry COMMANDS[] = {
-    {SetOperation::Intersection, "clip",
+    {SetOperation::Intersection, true, "clip",
      "the part of a polygon within another polygon or rectangle",
      "geomtool clip countries.txt sheet.wkt --each -o map.geojson\n"
      "  geomtool clip land.txt --rect -25,34,45,72 -o europe.svg",
-     true, "clip each polygon by itself, so that borders between neighbours remain"},
-    {SetOperation::Union, "union",
+     "clip each polygon by itself, so that borders between neighbours remain"},
+    {SetOperation::Union, false, "union",
      "the area that any of two polygons covers; of one operand, borders that its polygons share "
      "dissolve, and where they overlap, even-odd parity decides, or --each",
-     "geomtool union countries.txt -o land.wkt", false,
+     "geomtool union countries.txt -o land.wkt",
      "unite polygon by polygon, so that overlaps are inside, too"},
-    {SetOperation::Difference, "difference", "a polygon without the area of another one",
-     "geomtool difference land.txt lakes.geojson -o dry.txt", true,
+    {SetOperation::Difference, true, "difference", "a polygon without the area of another one",
+     "geomtool difference land.txt lakes.geojson -o dry.txt",
      "cut each polygon by itself, so that borders between neighbours remain"},
-    {SetOperation::Xor, "xor",
+    {SetOperation::Xor, false, "xor",
      "the area that exactly one of two polygons covers; of one operand, the area that an odd "
      "number of its contours cover",
-     "geomtool xor old.wkt new.wkt -o changes.svg", false, nullptr},
+     "geomtool xor old.wkt new.wkt -o changes.svg", nullptr},
 };
 
 struct Options {
