@@ -7,6 +7,7 @@
 // with a tabulator between.
 #include "tests/calls/Trial.h"
 #include "tests/support/AllocationProbe.h"
+#include "tests/support/LeaksAllowed.h"
 
 #include <gtest/gtest.h>
 
@@ -15,17 +16,6 @@
 #include <cstring>
 #include <fstream>
 #include <utility>
-
-#if defined(__SANITIZE_ADDRESS__)
-#define LEAK_SANITIZER
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define LEAK_SANITIZER
-#endif
-#endif
-#if defined(LEAK_SANITIZER)
-#include <sanitizer/lsan_interface.h>
-#endif
 
 namespace geom::test {
 namespace {
@@ -88,29 +78,6 @@ bool IsAmong(const Errors& stated, const std::string& error) {
         return error.compare(0, beginning.size(), beginning) == 0;
     });
 }
-
-/// While it lives, blocks may be lost without the leak sanitizer's complaint.
-class LeaksAllowed {
-public:
-    explicit LeaksAllowed(bool allowed) : m_allowed(allowed) { Switch(true); }
-    LeaksAllowed(const LeaksAllowed&) = delete;
-    LeaksAllowed& operator=(const LeaksAllowed&) = delete;
-    ~LeaksAllowed() { Switch(false); }
-
-private:
-    void Switch(bool on) const {
-#if defined(LEAK_SANITIZER)
-        if (m_allowed) {
-            on ? __lsan_disable() : __lsan_enable();
-        }
-#else
-        static_cast<void>(on);
-        static_cast<void>(m_allowed);
-#endif
-    }
-
-    bool m_allowed;
-};
 
 /// One attempt with the given request failing. False when there was no such request.
 bool FailOne(const PublicCall& call, Caller caller, std::size_t failAt, std::uint64_t expected) {

@@ -10,6 +10,12 @@
 
 #include <climits>
 #include <cstdlib>
+#include <set>
+#include <utility>
+
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
 
 namespace {
 
@@ -110,26 +116,24 @@ TEST(PolygonRecord, ContourMayBeOneOfThePolygonsOwn) {
     EXPECT_NE(polygon.contour[0].vertex, polygon.contour[2].vertex);
 }
 
-TEST(PolygonRecord, ArraysMoveOnlyEachTimeTheirCountHasDoubled) {
-    if (!AllocationProbe::Works()) {
-        GTEST_SKIP() << "the heap belongs to a sanitizer";
-    }
+#if defined(__GLIBC__)
+TEST(PolygonRecord, ArraysGrowOnlyEachTimeTheirCountHasDoubled) {
     Record polygon;
     std::vector<gpc_vertex> vertices = TRIANGLE;
     const gpc_vertex_list contour = ListOf(vertices);
-    int moves = 0;
+    std::set<std::pair<std::size_t, std::size_t>> sizes;
     for (int i = 0; i < 5000; ++i) {
-        const auto before = std::make_pair(polygon.hole, polygon.contour);
         gpc_add_contour(&polygon, &contour, i);
-        moves += before != std::make_pair(polygon.hole, polygon.contour) ? 1 : 0;
+        sizes.emplace(malloc_usable_size(polygon.hole), malloc_usable_size(polygon.contour));
     }
-    EXPECT_LE(moves, 14); // 1, 2, 4, ..., 8,192
+    EXPECT_LE(sizes.size(), 14U); // 1, 2, 4, ..., 8,192 contours
     ASSERT_EQ(polygon.num_contours, 5000);
     for (int i = 0; i < 5000; ++i) {
         ASSERT_EQ(polygon.hole[i], i);
         ASSERT_EQ(polygon.contour[i].vertex[1].x, 4);
     }
 }
+#endif
 
 TEST(PolygonRecord, NegativeVertexCountIsAFailedAllocationThatChangesNothing) {
     for (const int count : {-1, -2, -1000, INT_MIN}) {
