@@ -4,12 +4,36 @@
 # Results are the same on every compiler and at every optimisation level only when
 # a*b + c stays two roundings. GCC contracts it to one fused operation by default wherever
 # the target has such an instruction, and ignores the standard pragma.
+#
+# GCC's vectoriser forgets the option: of neighbouring a*b - c and d*e + f it makes one fused
+# operation (vfmaddsub) where the target has one, as with -march=native. There it is off.
+function(geom_target_fuses result)
+    if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        set(${result} FALSE PARENT_SCOPE)
+        return()
+    endif()
+    include(CheckCXXSourceCompiles)
+    get_directory_property(options COMPILE_OPTIONS)
+    list(FILTER options EXCLUDE REGEX "\\$<")
+    list(JOIN options " " CMAKE_REQUIRED_FLAGS)
+    check_cxx_source_compiles("
+        #if !defined(__FMA__) && !defined(__FMA4__) && !defined(__AVX512F__)
+        #error \"no fused operations\"
+        #endif
+        int main() {}" ${result})
+    set(${result} "${${result}}" PARENT_SCOPE)
+endfunction()
+
 add_library(geom_options INTERFACE)
 target_compile_features(geom_options INTERFACE cxx_std_17)
 if(MSVC)
     target_compile_options(geom_options INTERFACE /fp:precise /W4)
 else()
     target_compile_options(geom_options INTERFACE -ffp-contract=off)
+    geom_target_fuses(GEOM_TARGET_FUSES)
+    if(GEOM_TARGET_FUSES)
+        target_compile_options(geom_options INTERFACE -fno-tree-vectorize)
+    endif()
     target_compile_options(geom_options INTERFACE
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast)
     if(GEOM_WERROR)
