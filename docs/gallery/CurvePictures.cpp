@@ -27,7 +27,7 @@ Picture Curves() {
     Picture picture(3, 250);
     const Box2d view(-5.2, -3.8, 5.2, 3.8);
 
-    Panel& circular = picture.Add("CircularArc, with a rest at its end", view);
+    Panel& circular = picture.Add("CircularArc: the last step is shorter", view);
     Points arc;
     geom::CircularArc({0, 0}, 3, 30 * kit::DEG_TO_RAD, 250 * kit::DEG_TO_RAD, arc,
                       20 * kit::DEG_TO_RAD);

@@ -5,6 +5,8 @@
 
 #include <GL/glu.h>
 
+#include <cmath>
+
 namespace gallery {
 
 namespace {
@@ -180,7 +182,8 @@ Picture WindingRules() {
     Panel& input = picture.Add("three rings", Box2d(-7, -5.4, 7, 5.4));
     input.Rings(rings, Stroked(colour::INPUT, 1.5));
     input.Directions(Pentagram({-2.4, 0.4}, 4.4), colour::INK);
-    input.Directions(Regular(8, {1.6, 0}, 3.6), colour::INK);
+    // The edges of an octagon around the circle touch it with their middles, where arrows stand.
+    input.Directions(Regular(8, {1.6, 0}, 3.6 / std::cos(kit::PI / 8)), colour::INK);
     input.Directions(Reversed(BoxRing(1, -2.4, 6.2, 1.6)), colour::INK);
     DrawRule(picture, "odd", rings, GLU_TESS_WINDING_ODD);
     DrawRule(picture, "non-zero", rings, GLU_TESS_WINDING_NONZERO);
