@@ -74,9 +74,10 @@ endfunction()
 
 # A library shows its public names only, misses none that it uses, and finds the others of the
 # project beside itself wherever they are installed. Sanitizers bring names of their own.
+# Before 1.0 a minor version may break hosts, so the name that they load carries it.
 function(geom_configure_linking target)
     set_target_properties(${target} PROPERTIES
-        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
         INSTALL_RPATH "$ORIGIN")
     if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND NOT GEOM_SANITIZE)
         set(map "${PROJECT_SOURCE_DIR}/cmake/exports.map")
