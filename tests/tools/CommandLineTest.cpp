@@ -203,6 +203,14 @@ TEST_F(CommandLine, BadUsageIsOneLineAndStatusTwo) {
         2, {"convert", a, "-o", File("x.doc")},
         "convert: " + File("x.doc") +
             ": the name does not tell the format; --to does (see geomtool convert --help)");
+    ExpectFailure(2, {}, "a command is required (see geomtool --help)");
+    ExpectFailure(2, {"fold", a}, "no such command or option: fold (see geomtool --help)");
+    ExpectFailure(2, {"--fold"}, "no such command or option: --fold (see geomtool --help)");
+    ExpectFailure(2, {"dash", a, "--pattern", "x"},
+                  "dash: --pattern: expected a number, found 'x' (see geomtool dash --help)");
+    ExpectFailure(2, {"draw", a, "-o", File("x.png")},
+                  "draw: " + File("x.png") +
+                      ": draws SVG, unlike what the name tells (see geomtool draw --help)");
     ExpectFailure(2, {"clip", "-", "-"},
                   "clip: standard input can be read only once (see geomtool clip --help)");
     for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{

@@ -30,6 +30,16 @@ TEST(Formats, ExtensionsTellTheFormat) {
     }
 }
 
+TEST(Formats, NamesOfOtherFilesPromiseNoSvg) {
+    for (const char* const path : {"a.txt", "a.json", "a.WKT", "a.bin", "a.png", "b.c/a.PDF"}) {
+        EXPECT_TRUE(PromisesNoSvg(path)) << path;
+    }
+    for (const char* const path :
+         {"a.svg", "a.SVG", "-", "a", "a.x7Kq2", "/dev/stdout", "a.png/b"}) {
+        EXPECT_FALSE(PromisesNoSvg(path)) << path;
+    }
+}
+
 TEST(Formats, NamesTellTheFormat) {
     EXPECT_EQ(FormatOfName("text"), Format::Text);
     EXPECT_EQ(FormatOfName("binary"), Format::Binary);

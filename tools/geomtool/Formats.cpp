@@ -28,11 +28,22 @@ constexpr std::array<std::pair<std::string_view, Format>, 8> EXTENSIONS = {{
     {".svg", Format::Svg},
 }};
 
+constexpr std::array<std::string_view, 8> PICTURES = {
+    ".png", ".jpg", ".jpeg", ".gif", ".webp", ".pdf", ".ps", ".eps",
+};
+
 std::string LowerCase(std::string text) {
     for (char& c : text) {
         c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
     }
     return text;
+}
+
+/// With its point, in small letters; empty without one.
+std::string ExtensionOf(const std::string& path) {
+    const std::size_t name = path.find_last_of('/') + 1; // npos + 1 is 0
+    const std::size_t dot = path.find_last_of('.');
+    return dot == std::string::npos || dot < name ? std::string() : LowerCase(path.substr(dot));
 }
 
 } // namespace
@@ -55,18 +66,23 @@ std::optional<Format> FormatOfPath(const std::string& path) {
     if (IsStandardStream(path)) {
         return Format::Text;
     }
-    const std::size_t name = path.find_last_of('/') + 1; // npos + 1 is 0
-    const std::size_t dot = path.find_last_of('.');
-    if (dot == std::string::npos || dot < name) {
-        return std::nullopt;
-    }
-    const std::string extension = LowerCase(path.substr(dot));
+    const std::string extension = ExtensionOf(path);
     for (const auto& [known, format] : EXTENSIONS) {
         if (extension == known) {
             return format;
         }
     }
     return std::nullopt;
+}
+
+bool PromisesNoSvg(const std::string& path) {
+    if (IsStandardStream(path)) {
+        return false;
+    }
+    const std::optional<Format> format = FormatOfPath(path);
+    return format
+               ? *format != Format::Svg
+               : std::find(PICTURES.begin(), PICTURES.end(), ExtensionOf(path)) != PICTURES.end();
 }
 
 PolygonSet ReadShapes(const std::string& path, Format format, bool holeFlags) {

@@ -24,6 +24,10 @@ std::optional<Format> FormatOfName(const std::string& name);
 /// unknown extension. The case of letters does not matter.
 std::optional<Format> FormatOfPath(const std::string& path);
 
+/// Whether a file's extension promises something else than SVG: another format of this table, or
+/// pixels or pages.
+bool PromisesNoSvg(const std::string& path);
+
 /// Reads a file or standard input. SVG cannot be read.
 PolygonSet ReadShapes(const std::string& path, Format format, bool holeFlags);
 

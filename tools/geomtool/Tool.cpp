@@ -12,6 +12,8 @@
 #include <exception>
 #include <memory>
 #include <new>
+#include <string>
+#include <vector>
 
 namespace geomtool {
 
@@ -33,6 +35,17 @@ int ReportUsage(const CLI::App& app, const std::string& message) {
         return Report(BAD_USAGE, message + " (see geomtool --help)");
     }
     return Report(BAD_USAGE, name + ": " + message + " (see geomtool " + name + " --help)");
+}
+
+/// What is wrong with the arguments. A word that is no command explains more than that a command
+/// is missing.
+std::string Complaint(const CLI::App& app, const CLI::ParseError& error) {
+    if (!app.get_subcommands().empty()) {
+        return error.what();
+    }
+    const std::vector<std::string> unknown = app.remaining();
+    return unknown.empty() ? "a command is required"
+                           : "no such command or option: " + unknown.front();
 }
 
 int Perform(const CLI::App& app, const Action& chosen) {
@@ -84,7 +97,7 @@ int RunTool(int argc, const char* const* argv) {
     } catch (const CLI::Success& help) {
         return app.exit(help);
     } catch (const CLI::ParseError& error) {
-        return ReportUsage(app, error.what());
+        return ReportUsage(app, Complaint(app, error));
     }
     return Perform(app, chosen);
 }

@@ -66,8 +66,10 @@ std::vector<double> ParseNumbers(const std::string& option, const std::string& t
         }
         rest.remove_prefix(1);
     }
-    throw UsageError(option + ": expected " + std::to_string(count) +
-                     " numbers with commas between them, found '" + text + "'");
+    FailExpected(option,
+                 count == 1 ? "a number"
+                            : std::to_string(count) + " numbers with commas between them",
+                 text);
 }
 
 geom::Vec2d ParsePoint(const std::string& option, const std::string& text) {

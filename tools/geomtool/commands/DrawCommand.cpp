@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/geomtool/Files.h"
+#include "tools/geomtool/Formats.h"
+#include "tools/geomtool/InputError.h"
 #include "tools/geomtool/Progress.h"
 #include "tools/geomtool/commands/Commands.h"
 #include "tools/geomtool/commands/FileOptions.h"
@@ -29,6 +31,9 @@ void Run(const Options& options) {
     const SvgPage page = PageOf(options.drawing);
     Progress progress;
     CheckInputs(options.input);
+    if (PromisesNoSvg(options.output)) {
+        throw UsageError(options.output + ": draws SVG, unlike what the name tells");
+    }
     std::vector<Figure> figures;
     for (std::size_t i = 0; i < options.input.paths.size(); ++i) {
         figures.push_back(ReadFigureInput(options.input, i, progress));
@@ -54,7 +59,7 @@ void AddDrawCommand(CLI::App& app, Action& chosen) {
     AddInputOptions(command, options->input, MOST_LAYERS);
     command
         .add_option("-o,--output", options->output,
-                    "the drawing; - is standard output, and the default")
+                    "the drawing, as SVG; - is standard output, and the default")
         ->option_text("FILE");
     AddDrawingOptions(command, options->drawing);
     command.callback([&chosen, options] { chosen = [options] { Run(*options); }; });

@@ -37,7 +37,7 @@ constexpr CommandEntry COMMANDS[] = {
      "  geomtool clip land.txt --rect -25,34,45,72 -o europe.svg",
      "clip each polygon by itself, so that borders between neighbours remain"},
     {SetOperation::Union, false, "union",
-     "the area that any of two polygons covers; of one operand, borders that its polygons share "
+     "the area that either of two polygons covers; of one operand, borders that its polygons share "
      "dissolve, and where they overlap, even-odd parity decides, or --each",
      "geomtool union countries.txt -o land.wkt",
      "unite polygon by polygon, so that overlaps are inside, too"},
