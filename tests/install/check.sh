@@ -62,7 +62,8 @@ libraries_carry_names() {
     local library name
     for library in "${libraries[@]}"; do
         name=$(basename "$library")
-        "$READELF" -d "$library" | grep -qE "SONAME.*\[$name\.[0-9]+\]" || fail "$name: no SONAME"
+        "$READELF" -d "$library" | grep -qE "SONAME.*\[$name\.[0-9]+\.[0-9]+\]" ||
+            fail "$name: no SONAME with a major and a minor version"
         "$READELF" -d "$library" | grep -qE 'R(UN)?PATH.*\[\$ORIGIN\]' || fail "$name: no RUNPATH"
     done
 }
@@ -142,6 +143,27 @@ host_builds_with_pkg_config() {
         "$CXX" -std=c++17 "${cflags[@]}" "$host/$program.cpp" -o "$build/$program" "${libs[@]}"
     done
     expect_host_output "$build"
+}
+
+# The installed tool finds its libraries by itself, also after the prefix was moved.
+tool_runs_from_anywhere() {
+    local moved=$WORK_DIR/moved
+    rm -rf "$moved"
+    cp -a "$prefix" "$moved"
+    [[ $(env -u LD_LIBRARY_PATH "$moved/bin/geomtool" area - <<<'1 3 0 0 0 2 0 0 2') == 2 ]]
+    ldd "$moved/bin/geomtool" | grep -F "$moved/bin/../" | grep -q libgeometry ||
+        fail "the tool loads another library than the one beside it"
+}
+
+# A larger build that takes the tree in gets the two libraries and none of the programs.
+serves_as_a_part_of_a_larger_build() {
+    local build=$WORK_DIR/larger-build targets
+    "$CMAKE" -G "$GENERATOR" -S "$SOURCE_DIR/tests/install/larger" -B "$build" \
+        -DCMAKE_CXX_COMPILER="$CXX" -DGEOM_TREE="$SOURCE_DIR"
+    targets=$("$CMAKE" --build "$build" --target help)
+    grep -qw geometry <<<"$targets" || fail "the library is missing"
+    ! grep -wE 'geomtool|gallery|\w+_test|fuzz_\w+' <<<"$targets" || fail "the targets above"
+    ! grep -E '^CMAKE_BUILD_TYPE:\w+=.' "$build/CMakeCache.txt" || fail "it chose the build type"
 }
 
 readme_shows_the_host() {
