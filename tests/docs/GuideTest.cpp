@@ -67,7 +67,11 @@ TEST(Guide, CodeOnThePagesIsCompiled) {
 
 TEST(Guide, LinksLeadToFiles) {
     std::size_t count = 0;
-    for (const fs::path& page : FilesIn(SourceTree() / "docs", ".md")) {
+    std::vector<fs::path> pages = FilesIn(SourceTree() / "docs", ".md");
+    for (const char* const name : {"README.md", "CONTRIBUTING.md", "SECURITY.md", "CHANGELOG.md"}) {
+        pages.push_back(SourceTree() / name);
+    }
+    for (const fs::path& page : pages) {
         for (const std::string& target : LinkedFiles(ReadText(page))) {
             ++count;
             EXPECT_TRUE(fs::exists(page.parent_path() / target))
