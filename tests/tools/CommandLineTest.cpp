@@ -133,6 +133,13 @@ TEST_F(CommandLine, InfoCountsAndMeasures) {
               "contours  0\nholes     0\nvertices  0\nbox       empty\narea      0\n");
 }
 
+TEST_F(CommandLine, InfoSaysThatAnAreaIsBeyondTheNumbers) {
+    const ToolRun run = RunGeomtool({"info", "-"}, "1 4 0 -1e308 0 1e308 0 1e308 1e308 0 1e308");
+    EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_NE(run.output.find("area      beyond the range of numbers\n"), std::string::npos)
+        << run.output;
+}
+
 TEST_F(CommandLine, StripsGiveContoursThatAddUp) {
     const ToolRun strips = RunGeomtool({"strips", File("b.wkt")});
     EXPECT_EQ(strips.status, 0) << strips.errors;

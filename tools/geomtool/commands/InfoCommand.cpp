@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cmath>
 #include <memory>
 
 namespace geomtool {
@@ -32,6 +33,9 @@ std::string BoxText(const geom::Box2d& box) {
 }
 
 std::string AreaText(double area) {
+    if (!std::isfinite(area)) {
+        return "beyond the range of numbers";
+    }
     std::string text;
     AppendNumber(text, area);
     return text;
