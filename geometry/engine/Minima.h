@@ -62,6 +62,10 @@ public:
     /// overflow.
     bool MayOverflow() const;
 
+    /// Whether differences of two coordinates may overflow. An x may be no number then: the edge
+    /// has slope 0, which is multiplied by an infinite height.
+    bool DifferencesMayOverflow() const { return m_largest > 0x1p1022; }
+
 private:
     void AppendRing(const gpc_vertex* ring, std::uint32_t size, std::uint32_t contour, Role role);
     void CutSharedPoints(const Operand& subject, const Operand& clip);

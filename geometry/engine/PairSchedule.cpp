@@ -11,8 +11,9 @@ constexpr double ROUNDING = 0x1p-40; // far more than the roundings of one quoti
 
 } // namespace
 
+// What is no number hides whether the slots around it are in order, and so counts as out of order.
 void PairSchedule::Examine(Slot* slot, double y, std::uint32_t row, Block<Slot*>& dirty) {
-    if (slot->XAt(y) < slot->prev->XAt(y)) {
+    if (!(slot->XAt(y) >= slot->prev->XAt(y))) {
         dirty.Append(slot);
     }
     Touch(slot, row);

@@ -51,7 +51,7 @@ public:
         return !m_always.IsEmpty() || (!m_checks.IsEmpty() && m_checks.Top().y <= y);
     }
     /// Touches every pair that is due and appends to `dirty` the slots that come out left of
-    /// their left neighbour at this ordinate.
+    /// their left neighbour at this ordinate, or cannot be compared with it.
     void TakeDue(double y, std::uint32_t row, Block<Slot*>& dirty);
 
     /// Schedules every touched pair anew, as seen from this ordinate.

@@ -7,7 +7,8 @@
 /// An edge without an event hands on its contour, sides and flags unchanged: with the same flags
 /// above and below, and no horizontal pending, its class has no action. So only these are
 /// classified: edges that begin, bend or end in the row, and those whose bundle may form,
-/// change or dissolve there.
+/// change or dissolve there. (All edges are, where coordinates are so large that a computed x may
+/// be no number.)
 
 #include "geometry/engine/Memory.h"
 #include "geometry/engine/Records.h"

@@ -10,7 +10,8 @@ namespace geom::detail {
 SweepLine::SweepLine(const SweepInput& input)
     : m_input(input), m_nextMinimum(input.minima.begin()), m_tops("sbt creation"),
       m_schedule(input.minima.MayOverflow()), m_insertion(m_active, input.minima.MayOverflow()),
-      m_crossings(m_slots), m_dirty("ST insertion") {}
+      m_crossings(m_slots), m_dirty("ST insertion"),
+      m_everyEdge(input.minima.DifferencesMayOverflow()) {}
 
 bool SweepLine::Rise() {
     const bool hasMinimum = m_nextMinimum != m_input.minima.end();
@@ -57,7 +58,7 @@ void SweepLine::Exchange(const Crossing& crossing) {
 Slot* SweepLine::TakeSuccession() {
     m_advanced = nullptr;
     if (m_tops.Winner().y != m_y || HasMinimumAt(m_y) || !m_schedule.Touched().IsEmpty() ||
-        m_events.HasLooseBundles()) {
+        m_events.HasLooseBundles() || m_everyEdge) {
         return nullptr;
     }
     Slot* slot = m_tops.Winner().slot;
@@ -74,6 +75,9 @@ void SweepLine::FindEvents() {
     if (m_advanced != nullptr) {
         m_events.Add(m_advanced);
         m_advanced->alone = true;
+    }
+    if (m_everyEdge) {
+        AddEveryEdge();
     }
     AdvanceBounds();
     StartBounds();
@@ -128,6 +132,15 @@ bool SweepLine::ScheduleApart(Slot& slot) {
         m_schedule.Schedule(*right, rightGap, m_y);
     }
     return true;
+}
+
+// Where x is not a number there are no gaps: nothing tells that such an edge leaves its bundle, or
+// that others meet across it. So every edge is looked at.
+void SweepLine::AddEveryEdge() {
+    for (Slot* slot = m_active.First(); slot != nullptr; slot = slot->next) {
+        m_events.Add(slot);
+        slot->alone = false;
+    }
 }
 
 void SweepLine::AdvanceBounds() {

@@ -71,6 +71,7 @@ private:
     bool HasMinimumAt(double y) const {
         return m_nextMinimum != m_input.minima.end() && m_nextMinimum->y == y;
     }
+    void AddEveryEdge();
     void AdvanceBounds();
     void StartBounds();
     void StartBound(Slot* slot);
@@ -89,6 +90,7 @@ private:
     CrossingTable m_crossings;
     RowEvents m_events;
     Block<Slot*> m_dirty;
+    const bool m_everyEdge; ///< has events in every row
     double m_previousY = 0.0;
     double m_y = 0.0;
     std::uint32_t m_row = 0;

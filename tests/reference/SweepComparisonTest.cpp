@@ -42,6 +42,11 @@ TEST_P(SweepComparisonOfFamilies, EngineGivesThePlainResultToTheBit) {
 INSTANTIATE_TEST_SUITE_P(Families, SweepComparisonOfFamilies,
                          ::testing::ValuesIn(PolygonFamilies()), NameOf);
 
+INSTANTIATE_TEST_SUITE_P(Overflow, SweepComparisonOfFamilies,
+                         ::testing::Values(PolygonFamily{"OverflowingDifferences",
+                                                         OverflowingDifferences, Laws::None}),
+                         NameOf);
+
 } // namespace
 
 } // namespace geom::test

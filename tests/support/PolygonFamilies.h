@@ -40,8 +40,11 @@ struct PolygonFamily {
 /// How GoogleTest shows a family.
 void PrintTo(const PolygonFamily& family, std::ostream* stream);
 
-/// All families but the one whose results mean nothing.
+/// All families but the two whose results mean nothing.
 const std::vector<PolygonFamily>& PolygonFamilies();
+
+/// Differences of two coordinates overflow; results mean nothing, but are always the same.
+Operands OverflowingDifferences(Random& random, int size);
 
 /// Coordinates that are infinite or no numbers among others; results mean nothing.
 Operands NotFinite(Random& random, int size);

@@ -89,6 +89,13 @@ Operands HugeCoordinates(Random& random, int size) {
     });
 }
 
+Operands OverflowingDifferences(Random& random, int size) {
+    return BothFrom(random, size, [&] {
+        const gpc_vertex v = GridVertex(random, 5);
+        return gpc_vertex{(v.x - 2) * 0x1.cp1022, (v.y - 2) * 0x1.cp1022};
+    });
+}
+
 Operands TinyCoordinates(Random& random, int size) {
     const double scale = SomeScale(random, -1074, -60);
     const int count = random.OneIn(2) ? 1 << 20 : 7;
