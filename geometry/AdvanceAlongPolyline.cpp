@@ -93,10 +93,13 @@ Walk::Step Walk::StepTo(std::size_t next) {
     return OnwardUnlessSpent();
 }
 
-// Called at the last vertex of a closed polyline. Millions of segments can each be too short to
+// Called on the last segment of a closed polyline. Millions of segments can each be too short to
 // be noticed beside the distance that remains; a round that changes nothing would be repeated
-// for ever.
+// for ever. A round begins at the last vertex, not at a position that a caller gave behind it.
 void Walk::RequireProgress() {
+    if (m_position != m_points[m_count - 1]) {
+        return;
+    }
     if (m_remaining == m_remainingAtLastVertex) {
         ThrowInternalError(UNIT, LINE_ENDLESS_DISTANCE);
     }

@@ -102,6 +102,14 @@ TEST(AdvanceAlongPolyline, ClosedPolylineOfOnePointRepeatedEndsWithoutArriving) 
     ExpectPlace(Advance(two, true, 1, 0, {3, 3}), false, 1, {3, 3});
 }
 
+// The way in is too short to be noticed beside the distance, but it is no round.
+TEST(AdvanceAlongPolyline, ClosedPolylineOfOnePointRepeatedEndsAlsoAfterATinyWayIn) {
+    const std::vector<Vec2d> pts(3, Vec2d(0, 0));
+    for (std::size_t start = 0; start < pts.size(); ++start) {
+        ExpectPlace(Advance(pts, true, 1, start, {1e-20, 0}), false, start, {0, 0});
+    }
+}
+
 TEST(AdvanceAlongPolyline, TwoPointsClosedGoBackAndForth) {
     const std::vector<Vec2d> pts = {{0, 0}, {2, 0}};
     ExpectPlace(Advance(pts, true, 3, 0, {0, 0}), true, 1, {1, 0});
