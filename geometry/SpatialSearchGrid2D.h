@@ -111,13 +111,13 @@ private:
     int m_vertexCount;
     int m_columns, m_rows; // always equal
     double m_originX, m_originY;
-    double m_scaleX, m_scaleY;       // cells per unit of length
-    std::vector<int> m_cellIndices;  // grouped by cell, rising within each
-    std::vector<int> m_cellStarts;   // where each cell's group begins, and the end
-    std::vector<int> m_nextInRow;    // the first column from a cell on with vertices in its row
-    std::vector<int> m_nextInColumn; // the first row likewise
+    double m_scaleX, m_scaleY;      // cells per unit of length
+    std::vector<int> m_cellIndices; // grouped by cell; rising within each, crowded ones excepted
+    std::vector<int> m_cellStarts;  // where each cell's group begins, and the end
     std::vector<double> m_columnEdges;
     std::vector<double> m_rowEdges;
+    std::vector<int> m_nextInRow;    // the first column from a cell on with vertices in its row
+    std::vector<int> m_nextInColumn; // the first row likewise
     std::shared_ptr<const detail::CrowdedCells> m_crowdedCells; // null when no cell is
 };
 

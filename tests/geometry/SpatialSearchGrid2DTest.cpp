@@ -316,6 +316,20 @@ TEST(SpatialSearchGrid2D, QueriesAllocateNothing) {
     EXPECT_EQ(probe.Count(), 0U);
 }
 
+// The accessors are inline, so hosts have compiled in where the edges are kept: behind the source,
+// three counts with their padding, the origin, the scale, and the cells.
+TEST(SpatialSearchGrid2D, EdgesAreKeptBehindTheCells) {
+    const SpatialSearchGrid2D grid;
+    const auto placeOf = [&grid](const std::vector<double>& member) {
+        return static_cast<std::size_t>(reinterpret_cast<const char*>(&member) -
+                                        reinterpret_cast<const char*>(&grid));
+    };
+    constexpr std::size_t before = sizeof(std::shared_ptr<PointSource>) + 4 * sizeof(int) +
+                                   4 * sizeof(double) + 2 * sizeof(std::vector<int>);
+    EXPECT_EQ(placeOf(grid.ColumnEdges()), before);
+    EXPECT_EQ(placeOf(grid.RowEdges()), before + sizeof(std::vector<double>));
+}
+
 TEST(SpatialSearchGrid2D, KeepsItsSourceAlive) {
     auto source = std::make_shared<PointSource>(Lattice(3, 3));
     const std::weak_ptr<PointSource> watch = source;
