@@ -124,7 +124,7 @@ void StripOutput::Add(const Slot& slot, Level level, End chain, const gpc_vertex
     m_strips.Add(slot.outp[level], chain, point);
 }
 
-// At the carried slot's own x the strip already has this vertex.
+// At the carried edge's own x the strip already has this vertex.
 void StripOutput::AddUnlessAtCarried(const Slot& slot, Level level, const gpc_vertex& point) {
     Carried();
     if (point.x != m_carriedX) {
@@ -132,11 +132,11 @@ void StripOutput::AddUnlessAtCarried(const Slot& slot, Level level, const gpc_ve
     }
 }
 
-// An slot ends the strip that a left slot has carried up to here:
+// An edge ends the strip that a left edge has carried up to here:
 //
-//      |  new   x              the strip is closed at the left slot and a new one begins there
+//      |  new   x              the strip is closed at the left edge and a new one begins there
 //     -|-------x x---
-//      | old  / . \            (an slot that starts here has its vertex already)
+//      | old  / . \            (an edge that starts here has its vertex already)
 void StripOutput::SplitAtCarriedLeftEdge(double y) {
     if (m_lastLeft != LastLeft::LeftEdge) {
         return;
@@ -254,7 +254,7 @@ Slot& StripOutput::AddToNext(const Slot& right, double y) {
 // A hole opens inside a region: below lies one strip, above one on each side of the hole.
 //
 //      |  .  \       /  .  |
-//      |previous\   / next |     the next live slot gets its vertex twice: on the strip that
+//      |previous\   / next |     the next live edge gets its vertex twice: on the strip that
 //      |  .     \ /     .  |      it carried up to here and on the one that it is given here
 //      x---------x--------x
 //      |  .   below     . |
@@ -269,7 +269,7 @@ void StripOutput::OpenHole(Slot& left, Slot& right, const gpc_vertex& point) {
 }
 
 // A hole closes: the strips on its two sides end, and one begins above. As where a hole opens,
-// the next live slot gets its vertex twice.
+// the next live edge gets its vertex twice.
 void StripOutput::CloseHole(Slot& left, Slot& right, double y) {
     left.outp[ABOVE] = NO_OUTPUT;
     right.outp[ABOVE] = NO_OUTPUT;
