@@ -19,7 +19,6 @@ enum EngineLine : int {
     LINE_ALLOCATE_RUN = 202,
     // States that a correct sweep never reaches.
     LINE_HORIZONTAL_COLUMN = 300,
-    LINE_NO_ACTIVE_EDGES = 301,
     LINE_NO_ADJACENT_CROSSING = 302,
     LINE_ADD_LEFT_TO_NOTHING = 310,
     LINE_ADD_RIGHT_TO_NOTHING = 311,
