@@ -92,7 +92,7 @@ bool CrossingTable::Insert(Slot* slot, Slot* top) {
 
 // Whether the edge has to pass another one that stands before it; if so their crossing is
 // recorded.
-bool CrossingTable::Passes(const Slot& slot, const Slot& other) {
+bool CrossingTable::Passes(Slot& slot, Slot& other) {
     const double xt = slot.XAt(m_yt);
     const double otherXt = other.XAt(m_yt);
     if (!(xt < otherXt) || slot.dx == other.dx) {
@@ -106,7 +106,7 @@ bool CrossingTable::Passes(const Slot& slot, const Slot& other) {
     }
     const double r = (xb - otherXb) / den;
     const double x = otherXb + r * (otherXt - otherXb);
-    m_crossings.Append({x, r * (m_yt - m_yb), const_cast<Slot*>(&other), const_cast<Slot*>(&slot)});
+    m_crossings.Append({x, r * (m_yt - m_yb), &other, &slot});
     return true;
 }
 

@@ -55,7 +55,7 @@ private:
     Link& LinkOf(const Slot* slot);
     void SortStretch(Slot* slot, Slot* top);
     bool Insert(Slot* slot, Slot* top);
-    bool Passes(const Slot& slot, const Slot& other);
+    bool Passes(Slot& slot, Slot& other);
     Slot* Below(const Slot* slot);
     void PlaceAbove(Slot* slot, const Slot* below);
     const Crossing* NextDeferred();

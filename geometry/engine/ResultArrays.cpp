@@ -32,14 +32,10 @@ gpc_vertex_list AllocateList(std::uint32_t vertices, const char* reason) {
 
 } // namespace
 
-PolygonBuilder::PolygonBuilder(std::uint64_t contours) {
+// The delegation makes the destructor responsible when the second array fails.
+PolygonBuilder::PolygonBuilder(std::uint64_t contours) : PolygonBuilder() {
     m_polygon.hole = AllocateArray<int>(contours, "hole flag table creation");
-    try {
-        m_polygon.contour = AllocateArray<gpc_vertex_list>(contours, "contour creation");
-    } catch (...) {
-        gpc_free_polygon(&m_polygon);
-        throw;
-    }
+    m_polygon.contour = AllocateArray<gpc_vertex_list>(contours, "contour creation");
 }
 
 gpc_vertex_list& PolygonBuilder::AddContour(std::uint32_t vertices, int hole) {

@@ -24,6 +24,8 @@ public:
     gpc_polygon Release();
 
 private:
+    PolygonBuilder() = default;
+
     gpc_polygon m_polygon = {0, nullptr, nullptr};
 };
 

@@ -38,8 +38,7 @@ public:
 
 private:
     static constexpr std::uint32_t CHUNK = 64;
-
-    static constexpr std::size_t LINE_SIZE = 64;
+    static constexpr std::size_t LINE_SIZE = 64; ///< of the cache, in bytes
 
     struct Chunk {
         void* block;
@@ -56,7 +55,6 @@ private:
         Prefetch(slot.ring + (slot.forward ? behind : before));
     }
 
-    static Chunk AllocateChunk();
     // An x computed inside an edge's span differs from the exact line through its ends by at most
     // 2^-50 of the larger end: three roundings, each 2^-53 of at most twice that end, and the
     // rounding of the slope. Four times that leaves room for the sum of two such errors, twice.
@@ -68,6 +66,8 @@ private:
         slot.dx = Slope(bot, top);
         slot.error = RELATIVE_ERROR * std::max(std::fabs(bot.x), std::fabs(top.x));
     }
+
+    static Chunk AllocateChunk();
     Slot* Fresh();
 
     Block<Chunk> m_chunks;
