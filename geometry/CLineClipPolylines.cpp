@@ -4,8 +4,8 @@
 #include "geometry/CLineClip.h"
 #include "geometry/Errors.h"
 #include "geometry/detail/LineRuns.h"
+#include "geometry/detail/Overlap.h"
 #include "geometry/detail/PointLanes.h"
-#include "geometry/detail/PointsInside.h"
 
 #include <limits>
 #include <utility>
@@ -171,7 +171,7 @@ void ClipSegments(const Box2d& rect, const Vec2d* pts, std::size_t n, Runs& runs
 void CLineClip::ClipPolyline(const Vec2d* pts, std::size_t n, std::vector<Vec2d>& outPts,
                              std::vector<unsigned int>& outCounts) const {
     CheckPoints(pts, n);
-    if (n != 0 && detail::PointsInside(pts, outPts.data(), outPts.size())) {
+    if (n != 0 && detail::LiesIn(pts, outPts.data(), outPts.data() + outPts.size())) {
         const std::vector<Vec2d> copy(pts, pts + n);
         ClipPolyline(copy.data(), n, outPts, outCounts);
         return;

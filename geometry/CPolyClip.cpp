@@ -2,7 +2,7 @@
 #include "geometry/CPolyClip.h"
 
 #include "geometry/Errors.h"
-#include "geometry/detail/PointsInside.h"
+#include "geometry/detail/Overlap.h"
 #include "geometry/detail/RingClipper.h"
 
 #include <vector>
@@ -36,7 +36,7 @@ std::size_t CPolyClip::Clip(const Vec2d* pts, std::size_t n, CPodVector<Vec2d, 3
     if (pts == nullptr && n != 0) {
         ThrowInternalError(L"CPolyClip", LINE_NULL_POINTS);
     }
-    if (n != 0 && detail::PointsInside(pts, out.Data(), out.Count())) {
+    if (n != 0 && detail::LiesIn(pts, out.begin(), out.end())) {
         const std::vector<Vec2d> copy(pts, pts + n);
         return Clip(copy.data(), n, out);
     }

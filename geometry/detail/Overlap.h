@@ -7,14 +7,11 @@
 
 namespace geom::detail {
 
-/// Whether an input array lies in the storage of a vector that is about to be appended to, and
-/// would be lost when the vector moves.
-template <typename Input, typename Output>
-bool LiesIn(const Input* input, const std::vector<Output>& output) {
-    const void* const first = output.data();
-    const void* const last = output.data() + output.size();
+/// Whether an array begins in the storage from `first` to `last`, and would be lost when that
+/// moves. std::less orders pointers into different blocks, too.
+inline bool LiesIn(const void* array, const void* first, const void* last) {
     const std::less<const void*> before;
-    return !output.empty() && !before(input, first) && before(input, last);
+    return !before(array, first) && before(array, last);
 }
 
 /// An input array that stays readable while `output` grows: the array itself, or a copy of it
@@ -25,7 +22,7 @@ public:
     template <typename Output>
     StableInput(const Input* input, std::size_t n, const std::vector<Output>& output)
         : m_data(input) {
-        if (LiesIn(input, output)) {
+        if (LiesIn(input, output.data(), output.data() + output.size())) {
             m_copy.assign(input, input + n);
             m_data = m_copy.data();
         }
