@@ -14,23 +14,23 @@ namespace geom {
 
 namespace detail {
 
-constexpr wchar_t LINE_CLIP_FILE[] = L"LineClipPolygon";
+inline constexpr wchar_t LINE_CLIP_FILE[] = L"LineClipPolygon";
 
 // Where memory ran out.
-constexpr int LINE_CONTOUR = 101;
-constexpr int LINE_EDGE = 102;
-constexpr int LINE_INDEX = 103;
-constexpr int LINE_CROSSING_LIST = 104;
+inline constexpr int LINE_CONTOUR = 101;
+inline constexpr int LINE_EDGE = 102;
+inline constexpr int LINE_INDEX = 103;
+inline constexpr int LINE_CROSSING_LIST = 104;
 
 // Counts that 32 bits do not hold.
-constexpr int LINE_TOO_MANY_VERTICES = 105;
-constexpr int LINE_RUN_TOO_LONG = 106;
+inline constexpr int LINE_TOO_MANY_VERTICES = 105;
+inline constexpr int LINE_RUN_TOO_LONG = 106;
 
 /// Reports exhausted memory.
 [[noreturn]] void ThrowLineClipOutOfMemory(int line);
 
 /// Pieces and gaps no longer than this count as none; a squared distance.
-constexpr double SAME_POINT = 1e-10;
+inline constexpr double SAME_POINT = 1e-10;
 
 /// The order of points along a segment: by x, then y.
 inline bool IsBefore(double ax, double ay, double bx, double by) {

@@ -12,7 +12,7 @@ namespace geom::detail {
 
 /// What errors of GpcPolygon carry; the units that do its work without making one report as it
 /// does.
-constexpr const wchar_t* POLYGON_UNIT = L"GpcPolygon";
+inline constexpr const wchar_t* POLYGON_UNIT = L"GpcPolygon";
 
 enum PolygonLine : int {
     LINE_CONTOUR_INDEX = 122,
@@ -29,7 +29,7 @@ enum PolygonLine : int {
 };
 
 /// The most contours, and the most vertices of one, that a record counts.
-constexpr std::size_t LARGEST_POLYGON_COUNT = std::numeric_limits<int>::max();
+inline constexpr std::size_t LARGEST_POLYGON_COUNT = std::numeric_limits<int>::max();
 
 [[noreturn]] inline void ThrowOutOfMemory(PolygonLine line) {
     kit::Throw_ERR_KIT_NOGLOBALMEM(ModuleName(), POLYGON_UNIT, line);

@@ -8,7 +8,7 @@
 namespace geom::detail {
 
 /// How many points there are is not known; the counts are trusted.
-constexpr std::size_t AS_COUNTED = std::numeric_limits<std::size_t>::max();
+inline constexpr std::size_t AS_COUNTED = std::numeric_limits<std::size_t>::max();
 
 /// The number of points of a ring that says it has `count`, with `left` points to take from. A
 /// negative count is none.

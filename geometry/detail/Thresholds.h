@@ -11,9 +11,9 @@ namespace geom::detail {
 const double TINY = std::exp(-354.54478285641);
 
 /// The smallest normalised double, 2^-1022.
-constexpr double MIN_NORMAL = std::numeric_limits<double>::min();
+inline constexpr double MIN_NORMAL = std::numeric_limits<double>::min();
 
 /// The largest finite double: "none" for distances and radii.
-constexpr double LARGEST = std::numeric_limits<double>::max();
+inline constexpr double LARGEST = std::numeric_limits<double>::max();
 
 } // namespace geom::detail
