@@ -53,7 +53,8 @@ public:
     /// number of points of each. A run has at least two points, unless the line is one point.
     /// Disabled, the whole line is one run, also one of no points. `pts` may point into
     /// `outPts`. O(n). Throws an internal error when `pts` is null and n is not 0, and for a run of
-    /// more points than 32 bits count.
+    /// more points than 32 bits count. When memory runs out (std::bad_alloc) the outputs hold some
+    /// of the runs, or what they held before.
     void ClipPolyline(const Vec2d* pts, std::size_t n, std::vector<Vec2d>& outPts,
                       std::vector<unsigned int>& outCounts) const;
 

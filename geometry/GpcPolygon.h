@@ -77,7 +77,8 @@ public:
     /// be null and is skipped then. Returns the total number of points.
     std::size_t GetPolyPolygon(Vec2d* pts, unsigned int* counts, bool close) const;
     /// The same, rounded to integers: half away from zero, limited to the range of 32 bits, not
-    /// a number to 0.
+    /// a number to 0. The half is added before the fraction is cut off, so the double just below
+    /// 0.5, 0.49999999999999994, gives 1.
     std::size_t GetPolyPolygon(tagPOINT* pts, unsigned int* counts, bool close) const;
     /// The same into vectors, whose contents are replaced. Unchanged when the heap is exhausted.
     std::size_t GetPolyPolygon(std::vector<Vec2d>& pts, std::vector<unsigned int>& counts,

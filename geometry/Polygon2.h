@@ -20,10 +20,10 @@ struct Polygon2Data {
 /// each ring. Rings are closed implicitly; the first point is not repeated.
 ///
 /// Take brings the polygon into its normal form: no consecutive equal points, no repeated
-/// closing point, no empty rings, and counts that add up to the number of points. Whoever edits
-/// the arrays must keep the counts right. Where the counts say more than there are points, rings
-/// are cut short at the last point; points beyond the sum of the counts belong to no ring: the
-/// clean-ups keep them behind the rings, everything else ignores them.
+/// closing point, and no empty rings. The counts are to add up to the number of points; whoever
+/// edits the arrays must keep them right. Where they say more than there are points, rings are
+/// cut short at the last point; points beyond their sum belong to no ring: the clean-ups keep
+/// them behind the rings, everything else ignores them.
 ///
 /// The clean-ups (Take, RemoveDegenerateRings, Reverse, RemoveDuplicatePoints) are linear in
 /// points and rings together, work in place and allocate nothing.
@@ -45,8 +45,8 @@ public:
     /// True when there are no points or no rings.
     bool empty() const;
 
-    /// Takes over the arrays in exchange for its own, emptied, and brings them into normal
-    /// form. Cannot fail.
+    /// Takes over the arrays of `data`, which gets this polygon's, emptied, and brings them into
+    /// normal form. Cannot fail.
     void Take(Polygon2Data& data);
 
     /// Removes a ring with its points. An index that is not below the number of rings is an
