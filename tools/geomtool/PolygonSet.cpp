@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace geomtool {
 
@@ -37,6 +38,14 @@ double PolygonSet::Area() const {
         area += ring.hole ? -part : part;
     }
     return area;
+}
+
+PolygonSet Rectangle(const Box2d& box) {
+    Vec2d corners[4];
+    box.GetCorners(corners);
+    PolygonSet shape;
+    shape.rings.push_back({{std::begin(corners), std::end(corners)}, false});
+    return shape;
 }
 
 Box2d BoxOf(const std::vector<Vec2d>& points) {

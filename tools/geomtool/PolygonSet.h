@@ -30,6 +30,9 @@ struct PolygonSet {
     double Area() const;
 };
 
+/// A rectangle as one contour. Its first edge is horizontal: so the library knows it for one.
+PolygonSet Rectangle(const geom::Box2d& box);
+
 /// The box of a contour's points.
 geom::Box2d BoxOf(const std::vector<geom::Vec2d>& points);
 

@@ -26,11 +26,7 @@ bool Answer(const Options& options) {
     if (hasPoint == (options.input.paths.size() == 2)) {
         throw UsageError("needs either a second file or --point");
     }
-    geom::Vec2d point(0, 0);
-    if (hasPoint) {
-        const std::vector<double> numbers = ParseNumbers("--point", options.point, 2);
-        point = geom::Vec2d(numbers[0], numbers[1]);
-    }
+    const geom::Vec2d point = hasPoint ? ParsePoint("--point", options.point) : geom::Vec2d(0, 0);
     Progress progress;
     const std::vector<PolygonSet> inputs = ReadInputs(options.input, progress);
     progress.Begin("contains");

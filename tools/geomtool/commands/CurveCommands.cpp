@@ -21,7 +21,6 @@ namespace {
 using geom::Box2d;
 using geom::Vec2d;
 
-constexpr double RADIANS_PER_DEGREE = 0.017453292519943295;
 constexpr std::size_t MOST_POINTS = 10'000'000;
 
 struct ArcOptions {
@@ -52,8 +51,8 @@ void RunArc(const ArcOptions& options) {
         throw UsageError("--step: makes more than 10 million points");
     }
     Line arc;
-    geom::CircularArc(center, radius, start * RADIANS_PER_DEGREE, sweep * RADIANS_PER_DEGREE, arc,
-                      step * RADIANS_PER_DEGREE);
+    geom::CircularArc(center, radius, start * kit::DEG_TO_RAD, sweep * kit::DEG_TO_RAD, arc,
+                      step * kit::DEG_TO_RAD);
     Progress progress;
     WriteOutput(LineSet{{arc}}, options.output, progress);
 }
@@ -99,7 +98,7 @@ using SectorFunction = bool (*)(const Box2d& box, const Vec2d& start, const Vec2
 Vec2d PointTowards(const Box2d& box, double degrees) {
     const double size = std::max(box.maxX - box.minX, box.maxY - box.minY);
     const double turn = std::fmod(degrees, 360);
-    const double angle = turn * RADIANS_PER_DEGREE;
+    const double angle = turn * kit::DEG_TO_RAD;
     const bool isUpright = std::fmod(turn, 180) != 0 && std::fmod(turn, 90) == 0;
     const bool isLevel = std::fmod(turn, 180) == 0;
     const Vec2d direction(isUpright ? 0.0 : std::cos(angle), isLevel ? 0.0 : std::sin(angle));

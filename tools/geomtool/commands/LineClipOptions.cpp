@@ -29,13 +29,7 @@ std::optional<PolygonSet> ClipRectangle(const LineClipOptions& options) {
     if (options.rectangle.empty()) {
         return std::nullopt;
     }
-    // With a horizontal first edge the library knows the ring for a rectangle.
-    const geom::Box2d box = ParseBox("--rect", options.rectangle);
-    PolygonSet shape;
-    shape.rings.push_back(
-        {{{box.minX, box.minY}, {box.maxX, box.minY}, {box.maxX, box.maxY}, {box.minX, box.maxY}},
-         false});
-    return shape;
+    return Rectangle(ParseBox("--rect", options.rectangle));
 }
 
 } // namespace geomtool

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The four set operations, each on two operands or, where that makes sense, on one.
-#include "tools/geomtool/GpcConversion.h"
 #include "tools/geomtool/InputError.h"
 #include "tools/geomtool/Progress.h"
 #include "tools/geomtool/SetOperation.h"
@@ -58,14 +57,6 @@ struct Options {
     bool statistics = false;
 };
 
-PolygonSet RectangleShape(const geom::Box2d& box) {
-    geom::Vec2d corners[4];
-    box.GetCorners(corners);
-    PolygonSet shape;
-    shape.rings.push_back({{corners, corners + 4}, false});
-    return shape;
-}
-
 /// The rectangle of --rect, if there is one. Throws a UsageError when the operands are too many or
 /// too few.
 std::optional<geom::Box2d> CheckOperands(const CommandEntry& entry, const Options& options) {
@@ -85,7 +76,7 @@ std::optional<geom::Box2d> CheckOperands(const CommandEntry& entry, const Option
 /// The second operand: a file, the rectangle, or nothing.
 PolygonSet SecondOperand(std::vector<PolygonSet>& inputs, const std::optional<geom::Box2d>& box) {
     if (box) {
-        return RectangleShape(*box);
+        return Rectangle(*box);
     }
     return inputs.size() > 1 ? std::move(inputs[1]) : PolygonSet();
 }

@@ -16,8 +16,6 @@ namespace {
 
 using geom::Vec2d;
 
-constexpr double RADIANS_PER_DEGREE = 0.017453292519943295;
-
 struct Options {
     InputOptions input;
     OutputOptions output;
@@ -52,7 +50,7 @@ Thinning ThinningOf(const Options& options) {
     if (!(degrees >= 0 && degrees <= 180)) {
         throw UsageError("--angle: expected degrees from 0 to 180, found '" + options.angle + "'");
     }
-    return {false, degrees * RADIANS_PER_DEGREE};
+    return {false, degrees * kit::DEG_TO_RAD};
 }
 
 /// A contour is thinned as the closed line that it is, so its closing edge counts.
