@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "geometry/OffsetPolygon.h"
 
-#include "geometry/Geometry.h"
 #include "geometry/PolygonMeasures.h"
 #include "tests/reference/PlainRings.h"
 #include "tests/support/AllocationProbe.h"
 #include "tests/support/Exceptions.h"
 #include "tests/support/LeaksAllowed.h"
+#include "tests/support/RingPolygons.h"
 
 #include <gtest/gtest.h>
 
@@ -21,8 +21,13 @@ namespace geom {
 namespace {
 
 using test::AllocationProbe;
+using test::Box;
+using test::DistanceToBoundary;
 using test::ExpectError;
+using test::Joined;
 using test::LeaksAllowed;
+using test::Raw;
+using test::Reversed;
 
 using Points = std::vector<Vec2d>;
 using Counts = std::vector<unsigned int>;
@@ -31,28 +36,8 @@ constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double ARC_STEP = 10 * kit::DEG_TO_RAD;
 
-Polygon2 Raw(const Points& points, const Counts& counts) {
-    Polygon2 polygon;
-    polygon.Points() = points;
-    polygon.Counts() = counts;
-    return polygon;
-}
-
 Polygon2 Ring(const Points& points) {
     return Raw(points, {static_cast<unsigned int>(points.size())});
-}
-
-Points Box(double left, double bottom, double right, double top) {
-    return {{left, bottom}, {right, bottom}, {right, top}, {left, top}};
-}
-
-Points Reversed(const Points& ring) {
-    return {ring.rbegin(), ring.rend()};
-}
-
-Points Joined(Points a, const Points& b) {
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
 }
 
 Points Regular(int n, double radius, double turn = 0.0) {
@@ -111,18 +96,6 @@ Points Hull(Points points) {
         std::reverse(points.begin(), points.end());
     }
     return hull;
-}
-
-double DistanceToBoundary(const Polygon2& polygon, const Vec2d& p) {
-    double least = std::numeric_limits<double>::max();
-    const Vec2d* ring = polygon.Points().data();
-    for (const unsigned int n : polygon.Counts()) {
-        for (std::size_t i = 0; i < n; ++i) {
-            least = std::min(least, PointLineSegDistSq(p, ring[i], ring[(i + 1) % n]));
-        }
-        ring += n;
-    }
-    return std::sqrt(least);
 }
 
 // How far the farthest vertex lies outside a polygon.

@@ -3,6 +3,7 @@
 
 #include "geometry/Curves.h"
 #include "tests/support/AllocationProbe.h"
+#include "tests/support/RingPolygons.h"
 
 #include <gtest/gtest.h>
 
@@ -21,9 +22,7 @@ using Counts = std::vector<unsigned int>;
 const Points SQUARE = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
 
 Polygon2 Moved(const Points& points, const Counts& counts, double distance) {
-    Polygon2 polygon;
-    polygon.Points() = points;
-    polygon.Counts() = counts;
+    Polygon2 polygon = test::Raw(points, counts);
     detail::OffsetRings(polygon, distance);
     return polygon;
 }

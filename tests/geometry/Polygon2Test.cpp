@@ -4,6 +4,7 @@
 #include "tests/reference/PlainRings.h"
 #include "tests/support/AllocationProbe.h"
 #include "tests/support/Exceptions.h"
+#include "tests/support/RingPolygons.h"
 
 #include <gtest/gtest.h>
 
@@ -18,20 +19,13 @@ namespace {
 
 using test::AllocationProbe;
 using test::ExpectError;
+using test::Raw;
 
 using Points = std::vector<Vec2d>;
 using Counts = std::vector<unsigned int>;
 
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr unsigned int MOST = std::numeric_limits<unsigned int>::max();
-
-// A polygon with the arrays as given, not normalised.
-Polygon2 Raw(const Points& points, const Counts& counts) {
-    Polygon2 polygon;
-    polygon.Points() = points;
-    polygon.Counts() = counts;
-    return polygon;
-}
 
 Polygon2 Taken(const Points& points, const Counts& counts) {
     Polygon2Data data{points, counts};

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "geometry/RemoveSelfIntersections.h"
 
-#include "geometry/Geometry.h"
 #include "geometry/PolygonMeasures.h"
 #include "tests/reference/PlainRings.h"
 #include "tests/support/Exceptions.h"
+#include "tests/support/RingPolygons.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,12 @@
 namespace geom {
 namespace {
 
+using test::Box;
+using test::DistanceToBoundary;
 using test::ExpectError;
+using test::Joined;
+using test::Raw;
+using test::Reversed;
 
 using Points = std::vector<Vec2d>;
 using Counts = std::vector<unsigned int>;
@@ -31,26 +36,6 @@ constexpr unsigned int NONZERO = 100131;
 constexpr unsigned int POSITIVE = 100132;
 constexpr unsigned int NEGATIVE = 100133;
 constexpr unsigned int ABS_GEQ_TWO = 100134;
-
-Polygon2 Raw(const Points& points, const Counts& counts) {
-    Polygon2 polygon;
-    polygon.Points() = points;
-    polygon.Counts() = counts;
-    return polygon;
-}
-
-Points Box(double left, double bottom, double right, double top) {
-    return {{left, bottom}, {right, bottom}, {right, top}, {left, top}};
-}
-
-Points Joined(Points a, const Points& b) {
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
-}
-
-Points Reversed(const Points& ring) {
-    return {ring.rbegin(), ring.rend()};
-}
 
 Polygon2 Cleaned(const Polygon2& in, unsigned int rule,
                  RSI_NormalDir normal = RSI_NORMAL_POSITIVE_Z) {
@@ -77,18 +62,6 @@ int Winding(const Polygon2& polygon, const Vec2d& p) {
         ring += n;
     }
     return winding;
-}
-
-double DistanceToBoundary(const Polygon2& polygon, const Vec2d& p) {
-    double least = std::numeric_limits<double>::max();
-    const Vec2d* ring = polygon.Points().data();
-    for (const unsigned int n : polygon.Counts()) {
-        for (std::size_t i = 0; i < n; ++i) {
-            least = std::min(least, PointLineSegDistSq(p, ring[i], ring[(i + 1) % n]));
-        }
-        ring += n;
-    }
-    return std::sqrt(least);
 }
 
 bool Selects(unsigned int rule, int winding) {
