@@ -15,6 +15,7 @@
 #include "Subsystems/Kit/Exception.h"
 #include "geometry/GPCException.h"
 #include "tests/reference/EngineCalls.h"
+#include "tests/reference/ResultMeasures.h"
 #include "tests/reference/SweepComparison.h"
 #include "tests/support/PlaneTruth.h"
 #include "tests/support/PolygonView.h"
@@ -169,14 +170,6 @@ void CheckCounts(const Results& results) {
     }
 }
 
-Rings RingsOf(const std::vector<PlainContour>& contours) {
-    Rings rings;
-    for (const PlainContour& contour : contours) {
-        rings.push_back(contour.vertices);
-    }
-    return rings;
-}
-
 double LargestOrdinate(const Operands& operands) {
     double largest = 1;
     AllOrdinates(operands, [&](double v) {
@@ -211,26 +204,6 @@ void CheckMembership(const Results& results, const Operands& operands) {
             }
         }
     }
-}
-
-/// The area of external contours less that of holes.
-double AreaByFlags(const std::vector<PlainContour>& contours) {
-    double area = 0;
-    for (const PlainContour& contour : contours) {
-        const double ring = std::fabs(SignedRingArea(contour.vertices));
-        area += contour.hole ? -ring : ring;
-    }
-    return area;
-}
-
-double AreaOfTriangles(const std::vector<PlainStrip>& strips) {
-    double area = 0;
-    for (const PlainStrip& strip : strips) {
-        for (std::size_t i = 2; i < strip.size(); ++i) {
-            area += std::fabs(SignedRingArea({strip[i - 2], strip[i - 1], strip[i]}));
-        }
-    }
-    return area;
 }
 
 void CheckAreas(const Results& results, const Operands& operands, Laws laws) {

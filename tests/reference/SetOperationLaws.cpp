@@ -2,6 +2,7 @@
 #include "tests/reference/SetOperationLaws.h"
 
 #include "geometry/GPCException.h"
+#include "tests/reference/ResultMeasures.h"
 #include "tests/support/PlaneTruth.h"
 #include "tests/support/PolygonView.h"
 
@@ -21,31 +22,6 @@ constexpr gpc_op OPERATIONS[] = {GPC_DIFF, GPC_INT, GPC_XOR, GPC_UNION};
 
 /// Far beyond all rounding errors, in units of the largest coordinate.
 constexpr double PROBE_DISTANCE = 0x1p-36;
-
-Rings RingsOf(const std::vector<PlainContour>& contours) {
-    Rings rings;
-    for (const PlainContour& contour : contours)
-        rings.push_back(contour.vertices);
-    return rings;
-}
-
-/// The area of external contours less that of holes.
-double AreaByFlags(const std::vector<PlainContour>& contours) {
-    double area = 0;
-    for (const PlainContour& contour : contours) {
-        const double ring = std::fabs(SignedRingArea(contour.vertices));
-        area += contour.hole ? -ring : ring;
-    }
-    return area;
-}
-
-double AreaOfTriangles(const std::vector<PlainStrip>& strips) {
-    double area = 0;
-    for (const PlainStrip& strip : strips)
-        for (std::size_t i = 2; i < strip.size(); ++i)
-            area += std::fabs(SignedRingArea({strip[i - 2], strip[i - 1], strip[i]}));
-    return area;
-}
 
 std::string Text(const Rings& rings) {
     std::ostringstream text;

@@ -21,8 +21,8 @@ struct SetOperations {
 /// - the area of the contours, even-odd as well as external contours less holes, and where the
 ///   family allows it that of the strips, is the area on which the operation holds;
 /// - area(A | B) = area(A) + area(B) - area(A & B); area(A ^ B) = area(A | B) - area(A & B).
-/// Violations are failures of the running test. It is a failure, too, when a law was hardly ever put to the test, or when the sweep gave up
-/// because it found itself inconsistent.
+/// Violations are failures of the running test. It is a failure, too, when a law was hardly ever
+/// put to the test, or when the sweep gave up because it found itself inconsistent.
 void ExpectLaws(const SetOperations& operations, const PolygonFamily& family, int pairs,
                 std::uint64_t seed);
 
