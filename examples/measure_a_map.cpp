@@ -3,7 +3,6 @@
 #include <geometry/geom.h>
 
 #include <cstdio>
-#include <vector>
 
 namespace {
 

@@ -7,7 +7,6 @@
 #include "geometry/detail/RingClipper.h"
 
 #include <cstring>
-#include <type_traits>
 
 namespace geom {
 

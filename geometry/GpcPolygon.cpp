@@ -10,7 +10,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <iterator>
-#include <limits>
 #include <utility>
 
 namespace geom {

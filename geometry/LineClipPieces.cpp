@@ -5,7 +5,6 @@
 #include "geometry/detail/Overlap.h"
 
 #include <limits>
-#include <new>
 #include <utility>
 
 /// \file

@@ -2,7 +2,6 @@
 #include "geometry/Polyline.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace geom {
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The rooms of the sweep that keep order: the heap, the tournament, the sorting, the active list and the schedule.
+// The rooms of the sweep that keep order: the heap, the tournament, the sorting, the active list
+// and the schedule.
 #include "geometry/engine/ActiveList.h"
 #include "geometry/engine/Heap.h"
 #include "geometry/engine/Insertion.h"
