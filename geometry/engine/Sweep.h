@@ -97,15 +97,21 @@ private:
         m_output.BeginRun();
         m_classifier.StartBehind(slot.prev);
         if constexpr (Output::NEEDS_INTERVALS) {
-            if (m_classifier.IsInside()) {
-                CarryLeftBoundary(slot.prev);
-            }
+            m_isInterior = m_classifier.IsInside();
+            m_beforeRun = slot.prev;
         }
     }
 
+    // A run that begins inside the result means nothing to it before the first event with an
+    // action. The boundaries of the interval are looked for only then: between them can lie all
+    // edges that one operand of a union has inside the other.
     void ProcessEvent(Slot& slot) {
         const VertexClass vertexClass = m_classifier.Classify(slot);
         if (HasAction(vertexClass)) {
+            if (Output::NEEDS_INTERVALS && m_isInterior) {
+                CarryLeftBoundary(m_beforeRun);
+                m_isInterior = false;
+            }
             m_output.AtBoundary(vertexClass, slot, PointOnRow(slot));
         }
     }
@@ -116,7 +122,7 @@ private:
             return next;
         }
         if constexpr (Output::NEEDS_INTERVALS) {
-            if (m_classifier.IsInside()) {
+            if (m_classifier.IsInside() && !m_isInterior) {
                 return EndInterval(next);
             }
         }
@@ -160,6 +166,8 @@ private:
     Output& m_output;
     SweepLine m_line;
     RowClassifier m_classifier;
+    bool m_isInterior = false;   ///< so far, the run in hand lies inside the result
+    Slot* m_beforeRun = nullptr; ///< the slot on its left
 };
 
 } // namespace geom::detail

@@ -69,6 +69,22 @@ TEST(TristripClip, ToTristripIsTheDifferenceFromNothing) {
     gpc_free_tristrip(&strips);
 }
 
+// So many triangles, in rows of their own, that a walk across all of them at each row would take
+// half a minute.
+TEST(TristripClip, EdgesInsideAUnionAreNoMatter) {
+    constexpr int COUNT = 20000;
+    std::vector<Ring> triangles;
+    for (int i = 0; i < COUNT; ++i) {
+        const double x = 2.0 * i;
+        const double rise = i / (2.0 * COUNT);
+        triangles.push_back({{x, rise}, {x + 1, 1 + rise}, {x + 0.25, 0.75 + rise}});
+    }
+    const Shape around{{{-1, -1}, {2 * COUNT, -1}, {2 * COUNT, 3}, {-1, 3}}};
+    const std::vector<Ring> strips = Strips(GPC_UNION, Shape(triangles), around);
+    ASSERT_EQ(strips.size(), 1U);
+    EXPECT_EQ(strips[0], (Ring{{-1, -1}, {2 * COUNT, -1}, {-1, 3}, {2 * COUNT, 3}}));
+}
+
 // A bound that starts exactly where a horizontal top ends is compared with the carried edge's
 // x, and half of the square is lost: a known limit, documented with gpc_tristrip_clip.
 TEST(TristripClip, BoundStartingAtTheEndOfAHorizontalTopCostsATriangle) {
