@@ -70,7 +70,7 @@ TEST(TristripClip, ToTristripIsTheDifferenceFromNothing) {
 }
 
 // So many triangles, in rows of their own, that a walk across all of them at each row would take
-// half a minute.
+// seconds.
 TEST(TristripClip, EdgesInsideAUnionAreNoMatter) {
     constexpr int COUNT = 20000;
     std::vector<Ring> triangles;
